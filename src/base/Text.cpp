@@ -1,0 +1,128 @@
+#include "base/Text.h"
+
+#include <unicode/casemap.h>
+#include <unicode/bytestream.h>
+#include <unicode/uchar.h>
+
+#include <charconv>
+
+#include "base/Graphemes.h"
+#include "base/Utf8.h"
+
+namespace brindlet {
+namespace {
+
+bool isAscii(std::string_view text) {
+    for (const char c : text)
+        if (static_cast<unsigned char>(c) >= 0x80) return false;
+    return true;
+}
+
+template <class Test>
+std::string_view trim(std::string_view text, Test test) {
+    while (!text.empty()) {
+        const char* at = text.data();
+        if (!test(nextCodePoint(at, text.data() + text.size()))) break;
+        text.remove_prefix(static_cast<std::size_t>(at - text.data()));
+    }
+    while (!text.empty()) {
+        std::size_t start = text.size() - 1;
+        while (start > 0 && (static_cast<unsigned char>(text[start]) & 0xC0) == 0x80) --start;
+        const char* at = text.data() + start;
+        if (!test(nextCodePoint(at, text.data() + text.size()))) break;
+        text.remove_suffix(text.size() - start);
+    }
+    return text;
+}
+
+template <class Test>
+bool containsAny(std::string_view text, Test test) {
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (at < end)
+        if (test(nextCodePoint(at, end))) return true;
+    return false;
+}
+
+}  // namespace
+
+std::string lowercased(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    if (isAscii(text)) {
+        for (const char c : text) out += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+        return out;
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    icu::StringByteSink<std::string> sink(&out);
+    icu::CaseMap::utf8ToLower("", 0,
+                              icu::StringPiece(text.data(), static_cast<int32_t>(text.size())),
+                              sink, nullptr, status);
+    return U_SUCCESS(status) ? out : std::string(text);
+}
+
+bool isBlank(char32_t c) {
+    if (c < 0x80) return c == ' ' || c == '\t';
+    return u_charType(static_cast<UChar32>(c)) == U_SPACE_SEPARATOR;
+}
+
+bool isBlankOrNewline(char32_t c) {
+    return isBlank(c) || (c >= 0x0A && c <= 0x0D) || c == 0x85 || c == 0x2028 || c == 0x2029;
+}
+
+bool isWhiteSpace(char32_t c) {
+    if (c < 0x80) return c == ' ' || (c >= 0x09 && c <= 0x0D);
+    return u_isUWhiteSpace(static_cast<UChar32>(c));
+}
+
+bool isDecimalDigit(char32_t c) {
+    if (c < 0x80) return c >= '0' && c <= '9';
+    return u_charType(static_cast<UChar32>(c)) == U_DECIMAL_DIGIT_NUMBER;
+}
+
+bool isLetterOrNumber(char32_t c) {
+    if (c < 0x80) return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    const auto point = static_cast<UChar32>(c);
+    return u_hasBinaryProperty(point, UCHAR_ALPHABETIC) ||
+           u_getIntPropertyValue(point, UCHAR_NUMERIC_TYPE) != U_NT_NONE;
+}
+
+std::string_view trimBlanks(std::string_view text) { return trim(text, isBlank); }
+std::string_view trimBlanksAndNewlines(std::string_view text) {
+    return trim(text, isBlankOrNewline);
+}
+bool containsBlank(std::string_view text) { return containsAny(text, isBlank); }
+bool containsDecimalDigit(std::string_view text) { return containsAny(text, isDecimalDigit); }
+
+std::optional<std::int64_t> parseInt64(std::string_view text) {
+    if (!text.empty() && text.front() == '+') {
+        text.remove_prefix(1);
+        if (!text.empty() && text.front() == '-') return std::nullopt;
+    }
+    std::int64_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (text.empty() || error != std::errc{} || end != text.data() + text.size())
+        return std::nullopt;
+    return value;
+}
+
+std::vector<std::string> letterNumberWords(std::string_view text, Apostrophe apostrophe) {
+    std::vector<std::string> words;
+    std::string word;
+    while (!text.empty()) {
+        const auto length = graphemeLength(text);
+        const char* at = text.data();
+        const char32_t c = nextCodePoint(at, text.data() + text.size());
+        if (isLetterOrNumber(c) || (c == '\'' && apostrophe == Apostrophe::joins)) {
+            word.append(text.substr(0, length));
+        } else if (!word.empty()) {
+            words.push_back(std::move(word));
+            word.clear();
+        }
+        text.remove_prefix(length);
+    }
+    if (!word.empty()) words.push_back(std::move(word));
+    return words;
+}
+
+}  // namespace brindlet

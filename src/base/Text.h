@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Text operations on valid UTF-8, by Unicode's tables and never by the process's locale.
+namespace brindlet {
+
+/// Full Unicode lower-casing, the root locale's: "BIN" gives "bin" whatever the user's language.
+std::string lowercased(std::string_view text);
+
+/// A blank: TAB or any space separator (Zs). Line ends are none.
+bool isBlank(char32_t c);
+/// A blank, or one of LF VT FF CR NEL LS PS.
+bool isBlankOrNewline(char32_t c);
+/// Unicode's White_Space property.
+bool isWhiteSpace(char32_t c);
+/// A decimal digit (Nd) of any script.
+bool isDecimalDigit(char32_t c);
+/// Alphabetic, or of any numeric type ("½", "²", CJK numerals).
+bool isLetterOrNumber(char32_t c);
+
+std::string_view trimBlanks(std::string_view text);
+std::string_view trimBlanksAndNewlines(std::string_view text);
+bool containsBlank(std::string_view text);
+bool containsDecimalDigit(std::string_view text);
+
+/// One optional sign, then ASCII digits, and nothing else; none when it is anything else or does
+/// not fit 64 bits.
+std::optional<std::int64_t> parseInt64(std::string_view text);
+
+/// The words of a text: maximal runs of letters, numbers and, where `apostropheJoins`, the straight
+/// apostrophe. A character counts by its first code point, so a combining mark never ends a word.
+enum class Apostrophe { joins, splits };
+std::vector<std::string> letterNumberWords(std::string_view text, Apostrophe apostrophe);
+
+}  // namespace brindlet

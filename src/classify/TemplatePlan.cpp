@@ -1,0 +1,1 @@
+#include "classify/TemplatePlan.h"

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/Date.h"
+
+namespace brindlet {
+
+/// How numbers and spans of time are written for this person. Any thread.
+class Locale {
+  public:
+    virtual ~Locale() = default;
+    /// With the locale's digit grouping: "1,234".
+    virtual std::string grouped(std::int64_t number) const = 0;
+    /// Full numeric words by the largest unit that is not zero, cut and not rounded: "in 5 hours",
+    /// "2 days ago".
+    virtual std::string relative(Date date, Date now) const = 0;
+};
+
+}  // namespace brindlet

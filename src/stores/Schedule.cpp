@@ -1,0 +1,1 @@
+#include "stores/Schedule.h"

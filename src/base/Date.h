@@ -20,8 +20,12 @@ struct Date {
     friend constexpr auto operator<=>(const Date&, const Date&) = default;
 };
 
-constexpr Date operator+(Date date, double seconds) { return {date.sinceReference + seconds}; }
-constexpr Date operator-(Date date, double seconds) { return {date.sinceReference - seconds}; }
+constexpr Date operator+(Date date, double seconds) {
+    return {date.sinceReference + seconds};
+}
+constexpr Date operator-(Date date, double seconds) {
+    return {date.sinceReference - seconds};
+}
 constexpr double operator-(Date later, Date earlier) {
     return later.sinceReference - earlier.sinceReference;
 }

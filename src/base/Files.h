@@ -20,8 +20,8 @@ bool remove(const std::string& path);
 /// Creates the directory and its parents; true when it stands afterwards.
 bool createDirectories(const std::string& path);
 
-/// Names of a directory's entries in the listing's order, "." and ".." left out; none when it cannot
-/// be listed.
+/// Names of a directory's entries in the listing's order, "." and ".." left out; none when it
+/// cannot be listed.
 std::optional<std::vector<std::string>> list(const std::string& directory);
 
 /// The whole file; none when it cannot be read to its end.
@@ -39,8 +39,8 @@ bool write(const std::string& path, std::string_view bytes);
 /// Shares blocks where the file system can. False on any failure, which may leave a partial copy.
 bool copy(const std::string& from, const std::string& to);
 
-/// Moves a file to a path on the same file system; false, with both left as they are, when something
-/// stands at `to` already or the move fails.
+/// Moves a file to a path on the same file system; false, with both left as they are, when
+/// something stands at `to` already or the move fails.
 bool moveWithoutReplacing(const std::string& from, const std::string& to);
 
 /// Streams a file out in pieces of 256 KiB, with the same plain overwrite as `write`.

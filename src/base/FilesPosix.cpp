@@ -91,16 +91,18 @@ bool copyInKernel(int in, int out, bool& failed) {
 }  // namespace
 
 bool exists(const std::string& path) {
-    struct stat status{};
+    struct stat status {};
     return ::stat(path.c_str(), &status) == 0;
 }
 
 bool isDirectory(const std::string& path) {
-    struct stat status{};
+    struct stat status {};
     return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool remove(const std::string& path) { return ::unlink(path.c_str()) == 0; }
+bool remove(const std::string& path) {
+    return ::unlink(path.c_str()) == 0;
+}
 
 bool createDirectories(const std::string& path) {
     for (std::size_t at = path.find('/', 1); at != std::string::npos; at = path.find('/', at + 1))
@@ -124,7 +126,7 @@ std::optional<std::vector<std::string>> list(const std::string& directory) {
 std::optional<std::string> read(const std::string& path) {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file) return std::nullopt;
-    struct stat status{};
+    struct stat status {};
     if (::fstat(file.get(), &status) != 0) return std::nullopt;
     std::string bytes(static_cast<std::size_t>(status.st_size > 0 ? status.st_size : 0), '\0');
     std::size_t size = 0;
@@ -165,7 +167,7 @@ bool write(const std::string& path, std::string_view bytes) {
 bool copy(const std::string& from, const std::string& to) {
     const Descriptor in(::open(from.c_str(), O_RDONLY | O_CLOEXEC));
     if (!in) return false;
-    struct stat status{};
+    struct stat status {};
     if (::fstat(in.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
     Descriptor out(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!out) return false;
@@ -199,7 +201,9 @@ Writer::Writer(const std::string& path)
     : descriptor_(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)),
       failed_(descriptor_ < 0) {}
 
-Writer::~Writer() { finish(); }
+Writer::~Writer() {
+    finish();
+}
 
 void Writer::append(std::string_view bytes) {
     constexpr std::size_t piece = 256 * 1024;

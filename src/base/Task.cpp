@@ -57,8 +57,12 @@ Task Task::start(TaskPriority priority, Work work) {
     return Task(std::move(state));
 }
 
-void Task::cancel() const { state_->token.cancel(); }
-bool Task::cancelled() const { return state_->token.cancelled(); }
+void Task::cancel() const {
+    state_->token.cancel();
+}
+bool Task::cancelled() const {
+    return state_->token.cancelled();
+}
 
 bool Task::finished() const {
     Lock lock(state_->mutex);

@@ -1,7 +1,7 @@
 #include "base/Text.h"
 
-#include <unicode/casemap.h>
 #include <unicode/bytestream.h>
+#include <unicode/casemap.h>
 #include <unicode/uchar.h>
 
 #include <charconv>
@@ -87,12 +87,18 @@ bool isLetterOrNumber(char32_t c) {
            u_getIntPropertyValue(point, UCHAR_NUMERIC_TYPE) != U_NT_NONE;
 }
 
-std::string_view trimBlanks(std::string_view text) { return trim(text, isBlank); }
+std::string_view trimBlanks(std::string_view text) {
+    return trim(text, isBlank);
+}
 std::string_view trimBlanksAndNewlines(std::string_view text) {
     return trim(text, isBlankOrNewline);
 }
-bool containsBlank(std::string_view text) { return containsAny(text, isBlank); }
-bool containsDecimalDigit(std::string_view text) { return containsAny(text, isDecimalDigit); }
+bool containsBlank(std::string_view text) {
+    return containsAny(text, isBlank);
+}
+bool containsDecimalDigit(std::string_view text) {
+    return containsAny(text, isDecimalDigit);
+}
 
 std::optional<std::int64_t> parseInt64(std::string_view text) {
     if (!text.empty() && text.front() == '+') {

@@ -103,7 +103,9 @@ IllFormed findIllFormedUtf8(std::string_view bytes, std::size_t from) {
     }
 }
 
-bool isValidUtf8(std::string_view bytes) { return findIllFormedUtf8(bytes).length == 0; }
+bool isValidUtf8(std::string_view bytes) {
+    return findIllFormedUtf8(bytes).length == 0;
+}
 
 std::string repairedUtf8(std::string_view bytes) {
     std::string out;

@@ -60,8 +60,7 @@ class MailStore {
     /// Reads at most the first 120,000 bytes of the file. `limit` is in characters of body.
     static Parsed parseMessageFile(const std::string& path, std::size_t limit);
     /// The same with a read buffer that is reused from call to call.
-    static Parsed parseMessageFile(const std::string& path, std::size_t limit,
-                                   std::string& buffer);
+    static Parsed parseMessageFile(const std::string& path, std::size_t limit, std::string& buffer);
     /// Readable text out of a raw body: tags and entities become blanks, and so does white space.
     static std::string visibleText(std::string_view raw, std::size_t limit);
     /// The link that opens a message in the mail program, for `Desktop::openLink`.

@@ -19,9 +19,9 @@ class MainQueue {
     virtual bool isMainThread() const = 0;
 };
 
-/// Runs `work` on the main thread and waits for what it gives; none when the loop has ended ("gone")
-/// and it never ran. Called from a background thread only. For a work that gives nothing the result
-/// is true, or false for gone.
+/// Runs `work` on the main thread and waits for what it gives; none when the loop has ended
+/// ("gone") and it never ran. Called from a background thread only. For a work that gives nothing
+/// the result is true, or false for gone.
 template <class F>
 auto hop(MainQueue& queue, F&& work) {
     using R = std::invoke_result_t<F>;

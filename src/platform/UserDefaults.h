@@ -9,8 +9,8 @@
 
 namespace brindlet {
 
-/// The person's settings: a persistent map from key to a typed value. Each set is written at once; a
-/// failed write is not noticed. A get of another type than was stored answers none, but that
+/// The person's settings: a persistent map from key to a typed value. Each set is written at once;
+/// a failed write is not noticed. A get of another type than was stored answers none, but that
 /// `number` also takes an integer. Main thread.
 class UserDefaults {
   public:

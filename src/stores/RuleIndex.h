@@ -24,8 +24,7 @@ class RuleIndex {
     std::optional<Rule::Verdict> blanketVerdict(std::string_view sender) const;
     /// As `Rules::match`, over what `covering` gave for the message's sender.
     static std::optional<Rule::Verdict> match(const std::vector<const Rule*>& covering,
-                                              std::string_view category,
-                                              std::string_view subject);
+                                              std::string_view category, std::string_view subject);
 
   private:
     std::vector<Rule> rules_;

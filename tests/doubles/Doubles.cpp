@@ -190,9 +190,7 @@ void MemoryDefaults::remove(std::string_view key) {
 }
 
 ScriptedModel::Script ScriptedModel::always(std::string category) {
-    return [category = std::move(category)](const Call&) {
-        return Answer{{"category", category}};
-    };
+    return [category = std::move(category)](const Call&) { return Answer{{"category", category}}; };
 }
 
 std::optional<LanguageModel::Answer> ScriptedModel::respond(const std::string& instructions,

@@ -11,7 +11,9 @@ void RunLoop::post(std::function<void()> job) {
     changed_.notifyAll();
 }
 
-bool RunLoop::isMainThread() const { return main_ == std::this_thread::get_id(); }
+bool RunLoop::isMainThread() const {
+    return main_ == std::this_thread::get_id();
+}
 
 void RunLoop::run() {
     while (true) {

@@ -1,0 +1,186 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "base/EnumInfo.h"
+#include "base/Observable.h"
+#include "base/Task.h"
+#include "classify/Classifier.h"
+#include "mail/MailAccount.h"
+#include "mail/MailStore.h"
+#include "mail/Reach.h"
+#include "platform/Power.h"
+#include "platform/Services.h"
+#include "session/VerdictList.h"
+#include "stores/Calibration.h"
+#include "stores/Destinations.h"
+#include "stores/History.h"
+#include "stores/Rules.h"
+#include "stores/Schedule.h"
+#include "stores/Seen.h"
+
+namespace brindlet {
+
+/// The one session object. Screens read its fields and call its operations; it owns the stores and
+/// starts all work that takes time. Main thread only; background work gets copies and comes back
+/// through the main queue. A change in any store counts as a change of the session, so whoever
+/// watches it need not watch the stores.
+///
+/// It keeps no decision of its own: those are free functions over values beside it.
+class AppState : public Observable, public std::enable_shared_from_this<AppState> {
+  public:
+    enum class Screen {
+        welcome,
+        permission,
+        pick,
+        scanning,
+        results,
+        automatic,
+        history,
+        rules,
+    };
+    using Ids = std::unordered_set<std::int64_t>;
+
+    /// Loads the stores before it returns. The adapters outlive the session and its tasks.
+    static std::shared_ptr<AppState> make(Services services, int readers = 8);
+
+    Published<Screen> screen{*this, Screen::welcome};
+    Published<std::vector<MailAccount>> accounts{*this};
+    Published<bool> loadingAccounts{*this};
+    /// The selected folder's name, after it disappeared from the mail program.
+    Published<std::optional<std::string>> folderVanished{*this};
+    Published<std::int64_t> correspondentCount{*this};
+    Published<std::optional<std::string>> scanError{*this};
+    Published<bool> refreshingFolders{*this};
+    std::optional<ScanRecord> currentRecord;
+    /// The label that the next load of the accounts must select.
+    std::optional<std::string> pendingAccountLabel;
+    Published<std::optional<MailAccount>> account{*this};
+    Published<std::optional<MailFolder>> folder{*this};
+    /// The most messages that one scan takes; 0 or less means no cap.
+    Published<std::int64_t> limit{*this};
+    Published<Reach> reach{*this};
+    Published<std::optional<std::int64_t>> inReach{*this};
+    Published<std::string> stage{*this};
+    Published<std::int64_t> done{*this};
+    Published<std::int64_t> total{*this};
+    /// Messages a second.
+    Published<double> rate{*this};
+    /// Seconds left.
+    Published<std::optional<double>> eta{*this};
+    Published<VerdictList> verdicts{*this};
+    Published<bool> running{*this};
+    /// The category open in the results.
+    Published<std::optional<Category>> expand{*this};
+    /// The ticked messages, by row id.
+    Published<Ids> approved{*this};
+    Published<std::optional<std::string>> moveError{*this};
+
+  private:
+    // Behind pointers because background work may still hold one when the session ends.
+    const std::shared_ptr<Schedule> scheduleOwner_;
+    const std::shared_ptr<Destinations> destinationsOwner_;
+    const std::shared_ptr<Calibration> calibrationOwner_;
+    const std::shared_ptr<Rules> rulesOwner_;
+    const std::shared_ptr<History> historyOwner_;
+    const std::shared_ptr<Seen> seenOwner_;
+
+  public:
+    Schedule& schedule;
+    Destinations& destinations;
+    Calibration& calibration;
+    Rules& rules;
+    History& history;
+    Seen& seen;
+    Published<std::int64_t> skipped{*this};
+
+    /// The permission test and the way on from the welcome.
+    void pressOn();
+    bool canReadIndex() const;
+
+    void navigate(Screen to);
+    void goBack();
+
+    void loadAccounts(bool force);
+    void refreshFolders();
+    void refreshInReach();
+    /// Another account than the selected one clears the folder.
+    void selectAccount(const MailAccount& chosen);
+    /// A folder without messages cannot be selected.
+    void selectFolder(const MailFolder& chosen);
+    void dismissVanished();
+    void setLimit(std::int64_t limit);
+    /// Stores `reach`; callers set it first.
+    void saveReach();
+
+    void startScan(std::optional<MailAccount> account, std::optional<MailFolder> folder);
+    void stopScan();
+    std::optional<std::string> etaText() const;
+    void persistSoon();
+
+    /// `done` over `total`; 0 before there is anything to do.
+    double progress() const;
+    bool isJunkFolder() const;
+    /// What a scan of the selection would skip as already decided.
+    std::int64_t decidedInFolder() const;
+
+    /// The running scan, if one was ever started; for those who wait for its end.
+    const std::optional<Task>& scanTask() const { return task_; }
+    /// Waits until all scan files are written. For tools and tests.
+    void drainWrites();
+    const Services& services() const { return services_; }
+    const MailStore& mail() const { return *mail_; }
+    const Classifier& classifier() const { return *classifier_; }
+
+  private:
+    class Port;
+
+    AppState(Services services, int readers);
+    void observeStores();
+    void adoptAccounts(std::vector<MailAccount> loaded);
+    void matchPendingLabel();
+    void adoptRefreshedFolders(std::vector<MailAccount> loaded);
+    void endRun();
+    void failScanUnreadable(std::int64_t readable, std::int64_t total);
+    void finishScan(const VerdictList& found, const Ids& ticked, const MailAccount& scanned,
+                    const MailFolder& source, Date started);
+    /// What a scan leaves behind, whether it is still the one on show or not.
+    ScanRecord recordScan(const VerdictList& found, const Ids& ticked, const MailAccount& scanned,
+                          const MailFolder& source, Date started);
+    static Ids ticksOf(const VerdictList& found, const MailFolder& source);
+
+    Services services_;
+    int readers_;
+    std::shared_ptr<const MailStore> mail_;
+    std::shared_ptr<const Classifier> classifier_;
+    std::vector<Subscription> childObservers_;
+    std::optional<Task> task_;
+    std::uint64_t scanNumber_ = 0;  // tells the present scan from one that a newer has replaced
+    std::vector<Screen> navStack_;
+    std::optional<Task> persistTask_;
+    std::unique_ptr<Power::Activity> sleepAssertion_;
+    /// Writes of scan files, in order: a stamp must find the file that it stamps.
+    SerialQueue scanFiles_{TaskPriority::utility};
+};
+
+template <>
+struct EnumInfo<AppState::Screen> {
+    using Screen = AppState::Screen;
+    static constexpr std::array<std::pair<Screen, std::string_view>, 8> all{{
+        {Screen::welcome, "welcome"},
+        {Screen::permission, "permission"},
+        {Screen::pick, "pick"},
+        {Screen::scanning, "scanning"},
+        {Screen::results, "results"},
+        {Screen::automatic, "automatic"},
+        {Screen::history, "history"},
+        {Screen::rules, "rules"},
+    }};
+};
+
+}  // namespace brindlet

@@ -1,0 +1,142 @@
+#include <algorithm>
+
+#include "base/Text.h"
+#include "platform/Clock.h"
+#include "platform/MainQueue.h"
+#include "session/AppState.h"
+
+namespace brindlet {
+namespace {
+
+/// An account's address and a label name each other when one contains the other.
+bool namesEachOther(const std::string& label, const std::string& address) {
+    if (address.empty()) return false;
+    const auto a = lowercased(label);
+    const auto b = lowercased(address);
+    return a.find(b) != std::string::npos || b.find(a) != std::string::npos;
+}
+
+const MailFolder* findFolder(const MailAccount& account, const MailFolder& old) {
+    for (const auto& folder : account.folders)
+        if (folder.id == old.id) return &folder;
+    const auto leaf = lowercased(MailFolder::leafName(old.name));
+    for (const auto& folder : account.folders)
+        if (lowercased(MailFolder::leafName(folder.name)) == leaf) return &folder;
+    return nullptr;
+}
+
+}  // namespace
+
+void AppState::loadAccounts(bool force) {
+    if (!force && !accounts->empty() && !pendingAccountLabel) return;
+    if (*loadingAccounts) return;
+    loadingAccounts.set(true);
+    (void)Task::start(TaskPriority::userInitiated, [weak = weak_from_this(), mail = mail_,
+                                                    &queue = services_.mainQueue](const auto&) {
+        auto loaded = mail->loadAccounts(true, true);
+        queue.post([weak, loaded = std::move(loaded)]() mutable {
+            if (const auto self = weak.lock()) self->adoptAccounts(std::move(loaded));
+        });
+    });
+}
+
+void AppState::adoptAccounts(std::vector<MailAccount> loaded) {
+    accounts.set(std::move(loaded));
+    if (pendingAccountLabel) matchPendingLabel();
+    if (!*account && !accounts->empty()) account.set(accounts->front());
+    loadingAccounts.set(false);
+    if (accounts->empty() && !canReadIndex())
+        moveError.set(
+            "macOS has dropped Brindlet's Full Disk Access - flip it back on in Privacy & "
+            "Security, then try again.");
+}
+
+void AppState::matchPendingLabel() {
+    const auto label = *std::exchange(pendingAccountLabel, std::nullopt);
+    const auto& all = *accounts;
+    auto match = std::find_if(all.begin(), all.end(), [&](const MailAccount& candidate) {
+        return candidate.displayLabel() == label;
+    });
+    if (match == all.end())
+        match = std::find_if(all.begin(), all.end(), [&](const MailAccount& candidate) {
+            return namesEachOther(label, candidate.address);
+        });
+    if (match != all.end()) account.set(*match);
+}
+
+void AppState::refreshFolders() {
+    if (accounts->empty() || *running || *refreshingFolders) return;
+    refreshingFolders.set(true);
+    (void)Task::start(TaskPriority::utility, [weak = weak_from_this(), mail = mail_,
+                                              &queue = services_.mainQueue](const auto&) {
+        auto loaded = mail->loadAccounts(false, true);
+        queue.post([weak, loaded = std::move(loaded)]() mutable {
+            const auto self = weak.lock();
+            if (!self) return;
+            self->refreshingFolders.set(false);
+            if (!loaded.empty()) self->adoptRefreshedFolders(std::move(loaded));
+        });
+    });
+}
+
+void AppState::adoptRefreshedFolders(std::vector<MailAccount> loaded) {
+    const auto oldAccount = *account;
+    const auto oldFolder = *folder;
+    accounts.set(std::move(loaded));
+    if (!oldAccount) return;
+    const auto& all = *accounts;
+    const auto entry = std::find_if(all.begin(), all.end(), [&](const MailAccount& candidate) {
+        return candidate.id == oldAccount->id;
+    });
+    if (entry == all.end()) {
+        account.set(all.front());
+        folder.set(std::nullopt);
+        return;
+    }
+    account.set(*entry);
+    if (!oldFolder) return;
+    if (const auto* match = findFolder(*entry, *oldFolder)) {
+        folder.set(*match);
+        return;
+    }
+    folder.set(std::nullopt);
+    folderVanished.set(oldFolder->name);
+}
+
+void AppState::refreshInReach() {
+    if (!*folder) {
+        inReach.set(std::nullopt);
+        return;
+    }
+    const auto since = reachCutoff(*reach, services_.clock.now());
+    const auto subtract = seen.skipSeen() ? decidedInFolder() : 0;
+    (void)Task::start(TaskPriority::utility, [weak = weak_from_this(), mail = mail_,
+                                              &queue = services_.mainQueue, mailbox = (*folder)->id,
+                                              most = *limit, since, subtract](const auto&) {
+        const auto rows = mail->messages(mailbox, most, since).size();
+        const auto left = std::max<std::int64_t>(0, static_cast<std::int64_t>(rows) - subtract);
+        queue.post([weak, left] {
+            if (const auto self = weak.lock()) self->inReach.set(left);
+        });
+    });
+}
+
+void AppState::selectAccount(const MailAccount& chosen) {
+    const bool another = !*account || (*account)->id != chosen.id;
+    account.set(chosen);
+    if (!another) return;
+    folder.set(std::nullopt);
+    inReach.set(std::nullopt);
+}
+
+void AppState::selectFolder(const MailFolder& chosen) {
+    if (chosen.count < 1) return;
+    folder.set(chosen);
+    refreshInReach();
+}
+
+void AppState::dismissVanished() {
+    folderVanished.set(std::nullopt);
+}
+
+}  // namespace brindlet

@@ -1,0 +1,251 @@
+#include <utility>
+
+#include "base/Text.h"
+#include "platform/Clock.h"
+#include "platform/MainQueue.h"
+#include "session/AppState.h"
+#include "session/Scan.h"
+#include "session/ScanStages.h"
+
+namespace brindlet {
+namespace {
+
+constexpr double persistDelay = 0.6;
+
+}  // namespace
+
+/// The scan's port: each call hops to the main thread. It is cut as soon as a newer scan has begun:
+/// then what would show is dropped, and only what must be kept still happens.
+class AppState::Port : public ScanPort {
+  public:
+    Port(const std::shared_ptr<AppState>& state, const MailAccount& account,
+         const MailFolder& folder)
+        : state_(state),
+          queue_(state->services_.mainQueue),
+          locale_(state->services_.locale),
+          number_(state->scanNumber_),
+          account_(account),
+          folder_(folder) {}
+
+    std::optional<Bounds> bounds() override {
+        return ask([](AppState& state) { return Bounds{*state.limit, *state.reach}; });
+    }
+    std::optional<Decided> decided() override {
+        return ask([](AppState& state) {
+            return Decided{state.seen.skipSeen(), state.seen.keys()};
+        });
+    }
+    std::optional<Learned> learned() override {
+        return ask([](AppState& state) {
+            return Learned{state.rules.combined(), state.calibration.flips()};
+        });
+    }
+    bool setCorrespondentCount(std::int64_t count) override {
+        return show([&](AppState& state) { state.correspondentCount.set(count); });
+    }
+    bool setStage(const std::string& stage) override {
+        return show([&](AppState& state) { state.stage.set(stage); });
+    }
+    bool located(std::int64_t rows) override {
+        return show([&](AppState& state) {
+            state.stage.set(stages::locating);
+            state.total.set(rows);
+        });
+    }
+    bool reading(std::int64_t handled, std::int64_t rows) override {
+        return setStage(stages::reading(handled, rows, locale_));
+    }
+    bool failUnreadable(std::int64_t readable, std::int64_t total) override {
+        return show([&](AppState& state) { state.failScanUnreadable(readable, total); });
+    }
+    bool willSort(std::int64_t skipped, std::int64_t kept) override {
+        return show([&](AppState& state) {
+            state.skipped.set(skipped);
+            state.total.set(kept);
+            state.stage.set(stages::willSort(kept, skipped, locale_));
+        });
+    }
+    bool endWithoutSorting() override {
+        return show([](AppState& state) {
+            // The machine stays awake until the next scan replaces the activity: deliberately so.
+            state.running.set(false);
+            state.stage.set({});
+            state.screen.set(Screen::results);
+        });
+    }
+    bool publish(const Progress& progress) override {
+        return show([&](AppState& state) {
+            state.done.set(progress.done);
+            state.rate.set(progress.rate);
+            state.eta.set(progress.eta);
+            state.verdicts.set(progress.verdicts);
+        });
+    }
+    std::optional<bool> pausesOnBattery() override {
+        return ask([](AppState& state) { return state.schedule.pauseOnBattery(); });
+    }
+    bool finish(const VerdictList& verdicts, Date started) override {
+        // Counted out here: the main thread has only to take it over.
+        const auto ticked = ticksOf(verdicts, folder_);
+        return tell([&](AppState& state) {
+            if (isPresent(state))
+                state.finishScan(verdicts, ticked, account_, folder_, started);
+            else
+                state.recordScan(verdicts, ticked, account_, folder_, started);
+        });
+    }
+
+  private:
+    bool isPresent(const AppState& state) const { return state.scanNumber_ == number_; }
+
+    /// Asks the session, whichever scan it shows now.
+    template <class F>
+    auto ask(F question) -> std::optional<std::invoke_result_t<F, AppState&>> {
+        using Answer = std::optional<std::invoke_result_t<F, AppState&>>;
+        auto answer = hop(queue_, [&]() -> Answer {
+            const auto state = state_.lock();
+            return state ? Answer(question(*state)) : std::nullopt;
+        });
+        return answer ? std::move(*answer) : std::nullopt;
+    }
+    /// Does it, whichever scan the session shows now; false when the session is gone.
+    template <class F>
+    bool tell(F deed) {
+        return ask([&](AppState& state) {
+                   deed(state);
+                   return true;
+               })
+            .has_value();
+    }
+    /// Does it only while this scan is the present one.
+    template <class F>
+    bool show(F deed) {
+        return tell([&](AppState& state) {
+            if (isPresent(state)) deed(state);
+        });
+    }
+
+    std::weak_ptr<AppState> state_;
+    MainQueue& queue_;
+    const Locale& locale_;
+    const std::uint64_t number_;
+    const MailAccount account_;
+    const MailFolder folder_;
+};
+
+void AppState::startScan(std::optional<MailAccount> fromAccount,
+                         std::optional<MailFolder> fromFolder) {
+    if (fromAccount) account.set(std::move(*fromAccount));
+    if (fromFolder) folder.set(std::move(*fromFolder));
+    if (!*account || !*folder) return;
+    running.set(true);
+    sleepAssertion_ = services_.power.keepAwake("Sorting mail");
+    navigate(Screen::scanning);
+
+    verdicts.set({});
+    done.set(0);
+    total.set(0);
+    rate.set(0);
+    eta.set(std::nullopt);
+    moveError.set(std::nullopt);
+    scanError.set(std::nullopt);
+    stage.set(stages::readingMailbox);
+
+    Scan::Target target{**account, **folder, {}};
+    for (const auto& each : *accounts)
+        if (!each.address.empty()) target.ownAddresses.push_back(lowercased(each.address));
+    ++scanNumber_;
+    auto port = std::make_shared<Port>(shared_from_this(), target.account, target.folder);
+    const Scan::Tools tools{services_.clock, services_.power, mail_, classifier_, readers_};
+    task_ = Task::start(TaskPriority::userInitiated,
+                        [tools, target = std::move(target), port](const CancelToken& token) {
+                            Scan(tools, target, *port).run(token);
+                        });
+}
+
+void AppState::stopScan() {
+    if (task_) task_->cancel();
+    running.set(false);
+    sleepAssertion_.reset();
+    screen.set(Screen::results);
+}
+
+void AppState::endRun() {
+    running.set(false);
+    stage.set({});
+    sleepAssertion_.reset();
+}
+
+void AppState::failScanUnreadable(std::int64_t readable, std::int64_t rows) {
+    endRun();
+    scanError.set(stages::unreadable(readable, rows, services_.locale));
+    screen.set(Screen::results);
+}
+
+AppState::Ids AppState::ticksOf(const VerdictList& found, const MailFolder& source) {
+    // In a junk folder a tick says that the message is real mail and should come out.
+    const bool inJunk = source.role == MailFolder::Role::junk;
+    Ids ticked;
+    ticked.reserve(found.size());
+    for (const auto& verdict : found)
+        if (verdict.messageID && verdict.isJunk != inJunk) ticked.insert(verdict.id);
+    return ticked;
+}
+
+void AppState::finishScan(const VerdictList& found, const Ids& ticked, const MailAccount& scanned,
+                          const MailFolder& source, Date started) {
+    endRun();
+    verdicts.set(found);
+    approved.set(ticked);
+    schedule.setLastRun(services_.clock.now());
+    currentRecord = recordScan(found, ticked, scanned, source, started);
+    screen.set(Screen::results);
+}
+
+ScanRecord AppState::recordScan(const VerdictList& found, const Ids& ticked,
+                                const MailAccount& scanned, const MailFolder& source,
+                                Date started) {
+    std::vector<std::pair<std::string, bool>> decided;
+    decided.reserve(found.size());
+    for (const auto& verdict : found)
+        if (verdict.messageID) decided.emplace_back(*verdict.messageID, verdict.isJunk);
+    const auto label = scanned.displayLabel();
+    seen.mark(decided, label, source.name);
+
+    ScanRecord record;
+    record.started = started;
+    record.account = label;
+    record.folder = source.name;
+    record.scanned = static_cast<std::int64_t>(found.size());
+    record.junk = found.junkCount();
+    record.protectedCount = found.vetoedCount();
+    history.add(record);
+    scanFiles_.post([history = historyOwner_, found, ticked, started] {
+        std::vector<ScanRecord::Saved> saved;
+        saved.reserve(found.size());
+        for (const auto& verdict : found)
+            saved.push_back({verdict.id, verdict.messageID, verdict.sender, verdict.subject,
+                             std::string(rawValue(verdict.category)), verdict.isJunk,
+                             verdict.vetoed, ticked.count(verdict.id) > 0});
+        history->writeScan(saved, started);
+    });
+    return record;
+}
+
+void AppState::persistSoon() {
+    if (!currentRecord) return;
+    History::Ids considered;
+    for (const auto& verdict : *verdicts) considered.insert(verdict.id);
+    if (persistTask_) persistTask_->cancel();
+    persistTask_ = Task::start(
+        TaskPriority::utility,
+        [&clock = services_.clock, queue = scanFiles_, history = historyOwner_,
+         considered = std::move(considered), ticked = *approved,
+         started = currentRecord->started](const CancelToken& token) mutable {
+            if (!clock.sleep(persistDelay, token)) return;
+            queue.post([history, considered = std::move(considered), ticked = std::move(ticked),
+                        started] { history->stampApproved(considered, ticked, started); });
+        });
+}
+
+}  // namespace brindlet

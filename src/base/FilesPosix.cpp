@@ -128,10 +128,13 @@ std::optional<std::string> read(const std::string& path) {
     if (!file) return std::nullopt;
     struct stat status {};
     if (::fstat(file.get(), &status) != 0) return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(status.st_size > 0 ? status.st_size : 0), '\0');
+    // Room to meet the end of the file without growing, and some left over for a parser's padding.
+    constexpr std::size_t slack = 4096;
+    std::string bytes(static_cast<std::size_t>(status.st_size > 0 ? status.st_size : 0) + slack,
+                      '\0');
     std::size_t size = 0;
     while (true) {
-        if (size == bytes.size()) bytes.resize(size < 4096 ? 4096 : size + size / 8);
+        if (size == bytes.size()) bytes.resize(size * 2);
         const auto got = readSome(file.get(), bytes.data() + size, bytes.size() - size);
         if (got < 0) return std::nullopt;
         if (got == 0) break;
@@ -207,9 +210,15 @@ Writer::~Writer() {
 
 void Writer::append(std::string_view bytes) {
     constexpr std::size_t piece = 256 * 1024;
+    if (failed_) return;
+    if (pending_.empty() && bytes.size() >= piece / 2) {
+        // A caller with a buffer of its own need not have it copied.
+        failed_ = !writeAll(descriptor_, bytes.data(), bytes.size());
+        return;
+    }
     pending_ += bytes;
     if (pending_.size() < piece) return;
-    if (!failed_ && !writeAll(descriptor_, pending_.data(), pending_.size())) failed_ = true;
+    failed_ = !writeAll(descriptor_, pending_.data(), pending_.size());
     pending_.clear();
 }
 

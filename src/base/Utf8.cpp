@@ -72,8 +72,8 @@ char32_t nextCodePoint(const char*& at, const char* end) {
     return codePoint;
 }
 
-void appendCodePoint(std::string& out, char32_t c) {
-    const auto put = [&](char32_t byte) { out += static_cast<char>(byte); };
+char* putCodePoint(char* out, char32_t c) {
+    const auto put = [&](char32_t byte) { *out++ = static_cast<char>(byte); };
     if (c < 0x80) {
         put(c);
     } else if (c < 0x800) {
@@ -89,6 +89,12 @@ void appendCodePoint(std::string& out, char32_t c) {
         put(0x80 | (c >> 6 & 0x3F));
         put(0x80 | (c & 0x3F));
     }
+    return out;
+}
+
+void appendCodePoint(std::string& out, char32_t codePoint) {
+    char bytes[4];
+    out.append(bytes, putCodePoint(bytes, codePoint));
 }
 
 IllFormed findIllFormedUtf8(std::string_view bytes, std::size_t from) {

@@ -10,6 +10,8 @@ namespace brindlet {
 char32_t nextCodePoint(const char*& at, const char* end);
 
 void appendCodePoint(std::string& out, char32_t codePoint);
+/// Writes one to four bytes at `out` and returns the place after them.
+char* putCodePoint(char* out, char32_t codePoint);
 
 /// Well-formed UTF-8 (Unicode 15, table 3-7). NUL and U+FEFF are ordinary characters.
 bool isValidUtf8(std::string_view bytes);

@@ -1,31 +1,12 @@
 #include <algorithm>
+#include <utility>
 
-#include "base/Text.h"
 #include "platform/Clock.h"
 #include "platform/MainQueue.h"
+#include "session/AccountMatch.h"
 #include "session/AppState.h"
 
 namespace brindlet {
-namespace {
-
-/// An account's address and a label name each other when one contains the other.
-bool namesEachOther(const std::string& label, const std::string& address) {
-    if (address.empty()) return false;
-    const auto a = lowercased(label);
-    const auto b = lowercased(address);
-    return a.find(b) != std::string::npos || b.find(a) != std::string::npos;
-}
-
-const MailFolder* findFolder(const MailAccount& account, const MailFolder& old) {
-    for (const auto& folder : account.folders)
-        if (folder.id == old.id) return &folder;
-    const auto leaf = lowercased(MailFolder::leafName(old.name));
-    for (const auto& folder : account.folders)
-        if (lowercased(MailFolder::leafName(folder.name)) == leaf) return &folder;
-    return nullptr;
-}
-
-}  // namespace
 
 void AppState::loadAccounts(bool force) {
     if (!force && !accounts->empty() && !pendingAccountLabel) return;
@@ -53,15 +34,7 @@ void AppState::adoptAccounts(std::vector<MailAccount> loaded) {
 
 void AppState::matchPendingLabel() {
     const auto label = *std::exchange(pendingAccountLabel, std::nullopt);
-    const auto& all = *accounts;
-    auto match = std::find_if(all.begin(), all.end(), [&](const MailAccount& candidate) {
-        return candidate.displayLabel() == label;
-    });
-    if (match == all.end())
-        match = std::find_if(all.begin(), all.end(), [&](const MailAccount& candidate) {
-            return namesEachOther(label, candidate.address);
-        });
-    if (match != all.end()) account.set(*match);
+    if (const auto* match = accountForLabel(*accounts, label)) account.set(*match);
 }
 
 void AppState::refreshFolders() {
@@ -95,7 +68,7 @@ void AppState::adoptRefreshedFolders(std::vector<MailAccount> loaded) {
     }
     account.set(*entry);
     if (!oldFolder) return;
-    if (const auto* match = findFolder(*entry, *oldFolder)) {
+    if (const auto* match = folderAsBefore(*entry, *oldFolder)) {
         folder.set(*match);
         return;
     }

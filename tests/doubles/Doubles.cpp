@@ -75,28 +75,20 @@ void PumpedQueue::post(std::function<void()> job) {
 
 int PumpedQueue::pump() {
     int count = 0;
-    while (true) {
-        std::function<void()> job;
-        {
-            Lock lock(mutex_);
-            if (jobs_.empty()) return count;
-            job = std::move(jobs_.front());
-            jobs_.pop_front();
-        }
-        job();
-        ++count;
-    }
+    while (tryOne() > 0) ++count;
+    return count;
 }
 
-void PumpedQueue::runOne() {
+int PumpedQueue::tryOne() {
     std::function<void()> job;
     {
         Lock lock(mutex_);
-        while (jobs_.empty()) changed_.wait(mutex_);
+        if (jobs_.empty()) return 0;
         job = std::move(jobs_.front());
         jobs_.pop_front();
     }
     job();
+    return 1;
 }
 
 bool PumpedQueue::pumpUntil(const std::function<bool()>& condition) {

@@ -73,8 +73,8 @@ class PumpedQueue : public MainQueue {
 
     /// Runs what is queued now, and what that queues; returns the number of jobs run.
     int pump();
-    /// Runs exactly one job; waits for it if none is there.
-    void runOne();
+    /// Runs one job if one is there; returns how many ran.
+    int tryOne();
     /// Pumps until the condition holds; false after ten seconds.
     bool pumpUntil(const std::function<bool()>& condition);
     /// Drops what is queued and all that comes: the loop has ended.

@@ -1,0 +1,64 @@
+# Sourced by ./run and ./test: which Debian packages they need, and how they get them.
+
+build_packages=(
+    g++ cmake ninja-build ccache pkg-config
+    libicu-dev libpcre2-dev libsimdjson-dev libsqlite3-dev libglib2.0-dev libgl-dev
+    qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev
+    qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick
+    qml6-module-qtquick-window qml6-module-qtquick-layouts qml6-module-qtquick-templates
+    fonts-inter
+)
+test_packages=(libgtest-dev libbenchmark-dev python3 valgrind)
+full_packages=(clang-19 lld-19 llvm-19 libclang-rt-19-dev)
+
+say() { printf '\n==> %s\n' "$*"; }
+
+fail() {
+    printf '\n%s\n' "$*" >&2
+    exit 1
+}
+
+# install PACKAGE...: asks apt for what is missing; sudo serves for this alone.
+install() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    command -v apt-get >/dev/null ||
+        fail "These packages are missing, and there is no apt-get here to install them: ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null ||
+            fail "Please install these packages, or let me use sudo: ${missing[*]}"
+        as_root=(sudo)
+    fi
+    say "Installing ${#missing[@]} packages: ${missing[*]}"
+    local log=build/logs/apt.log
+    mkdir -p build/logs
+    "${as_root[@]}" apt-get update >"$log" 2>&1 ||
+        printf 'The list of packages could not be renewed; going on with the one at hand.\n'
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends "${missing[@]}" >>"$log" 2>&1 || {
+        tail -n 15 "$log" >&2
+        fail "apt-get could not install them. The lines above are the end of $log."
+    }
+}
+
+# build PRESET TARGET...: configures and builds; on a failure shows the first error alone.
+build() {
+    local preset=$1
+    shift
+    local log=build/logs/$preset.log
+    mkdir -p build/logs
+    export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+    if ! cmake --preset "$preset" >"$log" 2>&1; then
+        grep -m 1 -A 8 'CMake Error' "$log" >&2 || tail -n 15 "$log" >&2
+        fail "The build could not be set up. The whole story is in $log."
+    fi
+    if ! ninja -C "build/$preset" "$@" >>"$log" 2>&1; then
+        grep -m 1 -A 12 -E 'error:|Error:|FAILED' "$log" >&2
+        fail "The build failed; above is its first error. The whole story is in $log."
+    fi
+}

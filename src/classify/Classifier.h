@@ -47,6 +47,8 @@ class Classifier {
     static std::vector<Words> mineTemplates(const std::vector<std::string>& subjects);
     /// True when the template is empty or its words stand in the subject as one unbroken run.
     static bool templateOccurs(const Words& templateWords, std::string_view subject);
+    /// The same for a subject already split, for callers that try many templates on one.
+    static bool templateOccurs(const Words& templateWords, const Words& subjectWords);
     /// Other shapes of a subject, for the model to compare; at most `limit` of `others`.
     static std::vector<Words> siblingSubjects(const Words& words, const std::vector<Words>& others,
                                               std::size_t limit);

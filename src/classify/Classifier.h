@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <set>
@@ -40,6 +41,12 @@ class Classifier {
     static std::string_view vetoRegex();
 
     using Words = std::vector<std::string>;
+
+    /// Words that tell nothing about what a message is.
+    static constexpr std::array<std::string_view, 32> stopWords{
+        "a",   "an",  "the",  "to",  "of",  "on",  "in",   "for",  "from", "your", "you",
+        "and", "or",  "is",   "are", "was", "new", "this", "that", "it",   "with", "at",
+        "by",  "has", "have", "we",  "our", "my",  "me",   "us",   "be",   "been"};
 
     /// The lower-cased words of a subject; the straight apostrophe belongs to a word.
     static Words subjectWords(std::string_view subject);

@@ -1,12 +1,14 @@
 #include <algorithm>
 
-#include "base/Text.h"
 #include "classify/Classifier.h"
+#include "classify/WordSplitter.h"
 
 namespace brindlet {
 
 Classifier::Words Classifier::subjectWords(std::string_view subject) {
-    return letterNumberWords(lowercased(subject), Apostrophe::joins);
+    WordSplitter splitter;
+    const auto& words = splitter.split(subject);
+    return {words.begin(), words.end()};
 }
 
 bool Classifier::templateOccurs(const Words& templateWords, std::string_view subject) {

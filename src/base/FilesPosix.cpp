@@ -88,19 +88,29 @@ bool copyInKernel(int in, int out, bool& failed) {
 }
 #endif
 
+/// Some file systems do not tell an entry's kind in the listing.
+bool isDirectoryEntry(int directory, const dirent& entry) {
+    if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
+    struct stat status {};
+    return ::fstatat(directory, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISDIR(status.st_mode);
+}
+
 }  // namespace
 
 bool exists(const std::string& path) {
-    struct stat status{};
+    struct stat status {};
     return ::stat(path.c_str(), &status) == 0;
 }
 
 bool isDirectory(const std::string& path) {
-    struct stat status{};
+    struct stat status {};
     return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool remove(const std::string& path) { return ::unlink(path.c_str()) == 0; }
+bool remove(const std::string& path) {
+    return ::unlink(path.c_str()) == 0;
+}
 
 bool createDirectories(const std::string& path) {
     for (std::size_t at = path.find('/', 1); at != std::string::npos; at = path.find('/', at + 1))
@@ -124,7 +134,7 @@ std::optional<std::vector<std::string>> list(const std::string& directory) {
 std::optional<std::string> read(const std::string& path) {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file) return std::nullopt;
-    struct stat status{};
+    struct stat status {};
     if (::fstat(file.get(), &status) != 0) return std::nullopt;
     std::string bytes(static_cast<std::size_t>(status.st_size > 0 ? status.st_size : 0), '\0');
     std::size_t size = 0;
@@ -139,19 +149,41 @@ std::optional<std::string> read(const std::string& path) {
     return bytes;
 }
 
-bool readPrefix(const std::string& path, std::size_t limit, std::string& buffer) {
-    buffer.clear();
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file) return false;
-    // Growing from the size that the file claims would cost a call more; the buffer is kept anyway.
-    buffer.resize(limit);
+std::optional<std::size_t> readPrefix(const std::string& path, std::span<char> buffer) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file) return std::nullopt;
     std::size_t size = 0;
-    while (size < limit) {
-        const auto got = readSome(file.get(), buffer.data() + size, limit - size);
+    while (size < buffer.size()) {
+        const auto got = readSome(file.get(), buffer.data() + size, buffer.size() - size);
         if (got <= 0) break;
         size += static_cast<std::size_t>(got);
     }
-    buffer.resize(size);
+    return size;
+}
+
+bool walk(const std::string& root, TreeVisitor& visitor) {
+    std::vector<std::string> waiting{root};
+    int follow = 0;  // the root may be a link
+    while (!waiting.empty()) {
+        const std::string path = std::move(waiting.back());
+        waiting.pop_back();
+        const int fd = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | follow);
+        if (fd < 0 && follow == 0) return false;
+        follow = O_NOFOLLOW;
+        DIR* const open = fd < 0 ? nullptr : ::fdopendir(fd);
+        if (!open) {
+            if (fd >= 0) ::close(fd);
+            continue;
+        }
+        visitor.directory(path);
+        while (const dirent* entry = ::readdir(open)) {
+            const std::string_view name = entry->d_name;
+            if (name == "." || name == "..") continue;
+            visitor.entry(name);
+            if (isDirectoryEntry(fd, *entry)) waiting.push_back(path + '/' + entry->d_name);
+        }
+        ::closedir(open);
+    }
     return true;
 }
 
@@ -165,7 +197,7 @@ bool write(const std::string& path, std::string_view bytes) {
 bool copy(const std::string& from, const std::string& to) {
     const Descriptor in(::open(from.c_str(), O_RDONLY | O_CLOEXEC));
     if (!in) return false;
-    struct stat status{};
+    struct stat status {};
     if (::fstat(in.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
     Descriptor out(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!out) return false;
@@ -199,7 +231,9 @@ Writer::Writer(const std::string& path)
     : descriptor_(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)),
       failed_(descriptor_ < 0) {}
 
-Writer::~Writer() { finish(); }
+Writer::~Writer() {
+    finish();
+}
 
 void Writer::append(std::string_view bytes) {
     constexpr std::size_t piece = 256 * 1024;

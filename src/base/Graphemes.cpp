@@ -15,7 +15,9 @@ bool isPictographic(char32_t c) {
     return u_hasBinaryProperty(static_cast<UChar32>(c), UCHAR_EXTENDED_PICTOGRAPHIC);
 }
 
-bool breaksAlone(int cls) { return cls == U_GCB_CONTROL || cls == U_GCB_CR || cls == U_GCB_LF; }
+bool breaksAlone(int cls) {
+    return cls == U_GCB_CONTROL || cls == U_GCB_CR || cls == U_GCB_LF;
+}
 
 bool joinsHangul(int before, int after) {
     switch (before) {
@@ -43,7 +45,7 @@ std::size_t graphemeLength(std::string_view text) {
 
     const char* at = text.data();
     const char* const end = at + text.size();
-    char32_t c = nextCodePoint(at, end);
+    char32_t c = nextRepairedCodePoint(at, end);
     int before = breakClass(c);
     if (breaksAlone(before)) return static_cast<std::size_t>(at - text.data());
     // Two things reach back beyond one code point: an emoji sequence over its extenders (GB11), and
@@ -53,16 +55,15 @@ std::size_t graphemeLength(std::string_view text) {
     bool oddRegional = before == U_GCB_REGIONAL_INDICATOR;
     while (at < end) {
         const char* const here = at;
-        c = nextCodePoint(at, end);
+        c = nextRepairedCodePoint(at, end);
         const int after = breakClass(c);
         const bool extends =
             after == U_GCB_EXTEND || after == U_GCB_ZWJ || after == U_GCB_SPACING_MARK;
-        const bool joins =
-            !breaksAlone(after) &&
-            (extends || before == U_GCB_PREPEND || joinsHangul(before, after) ||
-             (emojiJoined && isPictographic(c)) ||
-             (oddRegional && before == U_GCB_REGIONAL_INDICATOR &&
-              after == U_GCB_REGIONAL_INDICATOR));
+        const bool joins = !breaksAlone(after) &&
+                           (extends || before == U_GCB_PREPEND || joinsHangul(before, after) ||
+                            (emojiJoined && isPictographic(c)) ||
+                            (oddRegional && before == U_GCB_REGIONAL_INDICATOR &&
+                             after == U_GCB_REGIONAL_INDICATOR));
         if (!joins) return static_cast<std::size_t>(here - text.data());
         oddRegional = after == U_GCB_REGIONAL_INDICATOR && !(oddRegional && before == after);
         emojiJoined = emojiOpen && after == U_GCB_ZWJ;

@@ -72,6 +72,15 @@ char32_t nextCodePoint(const char*& at, const char* end) {
     return codePoint;
 }
 
+char32_t nextRepairedCodePoint(const char*& at, const char* end) {
+    if (static_cast<unsigned char>(*at) < 0x80) return static_cast<unsigned char>(*at++);
+    std::size_t bad = 0;
+    if (sequenceLength({at, static_cast<std::size_t>(end - at)}, 0, bad) > 0)
+        return nextCodePoint(at, end);
+    at += bad;
+    return 0xFFFD;
+}
+
 void appendCodePoint(std::string& out, char32_t c) {
     const auto put = [&](char32_t byte) { out += static_cast<char>(byte); };
     if (c < 0x80) {
@@ -103,7 +112,9 @@ IllFormed findIllFormedUtf8(std::string_view bytes, std::size_t from) {
     }
 }
 
-bool isValidUtf8(std::string_view bytes) { return findIllFormedUtf8(bytes).length == 0; }
+bool isValidUtf8(std::string_view bytes) {
+    return findIllFormedUtf8(bytes).length == 0;
+}
 
 std::string repairedUtf8(std::string_view bytes) {
     std::string out;

@@ -44,8 +44,8 @@ struct EnumInfo<MailFolder::Role> {
     }};
 };
 
-/// By role (inbox, junk, custom, archive, sent, drafts, trash), then by count, fullest first. Equals
-/// keep their order.
+/// By role (inbox, junk, custom, archive, sent, drafts, trash), then by count, fullest first.
+/// Equals keep their order.
 void sortFolders(std::vector<MailFolder>& folders);
 
 }  // namespace brindlet

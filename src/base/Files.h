@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,9 +28,25 @@ std::optional<std::vector<std::string>> list(const std::string& directory);
 /// The whole file; none when it cannot be read to its end.
 std::optional<std::string> read(const std::string& path);
 
-/// Reads up to `limit` bytes of the file into `buffer`, which is reused and resized to what came.
-/// False when the file cannot be opened; a read error counts as the end of the file.
-bool readPrefix(const std::string& path, std::size_t limit, std::string& buffer);
+/// Reads from the start of the file until the buffer is full or the file ends, and gives the number
+/// of bytes that came. None when the file cannot be opened; a read error counts as the end of the
+/// file. Never waits for the other end of a pipe.
+std::optional<std::size_t> readPrefix(const std::string& path, std::span<char> buffer);
+
+/// What `walk` meets below a directory.
+class TreeVisitor {
+  public:
+    virtual ~TreeVisitor() = default;
+    /// The entries that follow, up to the next call, lie in this directory.
+    virtual void directory(const std::string& path) = 0;
+    /// The name of an entry of any kind, a directory's included.
+    virtual void entry(std::string_view name) = 0;
+};
+
+/// Walks all that lies below a directory, hidden entries included, in the order in which the file
+/// system lists it. Symbolic links are entries and never followed, but that `root` may be one; a
+/// directory that cannot be opened is passed over. False when the root itself cannot.
+bool walk(const std::string& root, TreeVisitor& visitor);
 
 /// Overwrites the file with the bytes, plainly: no temporary file, no rename, no sync. False when
 /// any step failed; what the file holds then is unknown.

@@ -88,6 +88,14 @@ bool copyInKernel(int in, int out, bool& failed) {
 }
 #endif
 
+/// Some file systems do not tell an entry's kind in the listing.
+bool isDirectoryEntry(int directory, const dirent& entry) {
+    if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
+    struct stat status {};
+    return ::fstatat(directory, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISDIR(status.st_mode);
+}
+
 }  // namespace
 
 bool exists(const std::string& path) {
@@ -144,19 +152,41 @@ std::optional<std::string> read(const std::string& path) {
     return bytes;
 }
 
-bool readPrefix(const std::string& path, std::size_t limit, std::string& buffer) {
-    buffer.clear();
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file) return false;
-    // Growing from the size that the file claims would cost a call more; the buffer is kept anyway.
-    buffer.resize(limit);
+std::optional<std::size_t> readPrefix(const std::string& path, std::span<char> buffer) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file) return std::nullopt;
     std::size_t size = 0;
-    while (size < limit) {
-        const auto got = readSome(file.get(), buffer.data() + size, limit - size);
+    while (size < buffer.size()) {
+        const auto got = readSome(file.get(), buffer.data() + size, buffer.size() - size);
         if (got <= 0) break;
         size += static_cast<std::size_t>(got);
     }
-    buffer.resize(size);
+    return size;
+}
+
+bool walk(const std::string& root, TreeVisitor& visitor) {
+    std::vector<std::string> waiting{root};
+    int follow = 0;  // the root may be a link
+    while (!waiting.empty()) {
+        const std::string path = std::move(waiting.back());
+        waiting.pop_back();
+        const int fd = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | follow);
+        if (fd < 0 && follow == 0) return false;
+        follow = O_NOFOLLOW;
+        DIR* const open = fd < 0 ? nullptr : ::fdopendir(fd);
+        if (!open) {
+            if (fd >= 0) ::close(fd);
+            continue;
+        }
+        visitor.directory(path);
+        while (const dirent* entry = ::readdir(open)) {
+            const std::string_view name = entry->d_name;
+            if (name == "." || name == "..") continue;
+            visitor.entry(name);
+            if (isDirectoryEntry(fd, *entry)) waiting.push_back(path + '/' + entry->d_name);
+        }
+        ::closedir(open);
+    }
     return true;
 }
 

@@ -45,7 +45,7 @@ std::size_t graphemeLength(std::string_view text) {
 
     const char* at = text.data();
     const char* const end = at + text.size();
-    char32_t c = nextCodePoint(at, end);
+    char32_t c = nextRepairedCodePoint(at, end);
     int before = breakClass(c);
     if (breaksAlone(before)) return static_cast<std::size_t>(at - text.data());
     // Two things reach back beyond one code point: an emoji sequence over its extenders (GB11), and
@@ -55,7 +55,7 @@ std::size_t graphemeLength(std::string_view text) {
     bool oddRegional = before == U_GCB_REGIONAL_INDICATOR;
     while (at < end) {
         const char* const here = at;
-        c = nextCodePoint(at, end);
+        c = nextRepairedCodePoint(at, end);
         const int after = breakClass(c);
         const bool extends =
             after == U_GCB_EXTEND || after == U_GCB_ZWJ || after == U_GCB_SPACING_MARK;

@@ -7,8 +7,9 @@
 /// is one character.
 namespace brindlet {
 
-/// The byte length of the first character of valid UTF-8; 0 for an empty text. Looks no further
-/// than that character's end. The text must start at a character boundary.
+/// The byte length of the first character; 0 for an empty text. Looks no further than that
+/// character's end. The text must start at a character boundary. It may be ill-formed UTF-8: each
+/// ill-formed part counts as the U+FFFD that would repair it.
 std::size_t graphemeLength(std::string_view text);
 
 std::size_t graphemeCount(std::string_view text);

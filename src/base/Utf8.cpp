@@ -72,8 +72,22 @@ char32_t nextCodePoint(const char*& at, const char* end) {
     return codePoint;
 }
 
+<<<<<<< HEAD
 char* putCodePoint(char* out, char32_t c) {
     const auto put = [&](char32_t byte) { *out++ = static_cast<char>(byte); };
+=======
+char32_t nextRepairedCodePoint(const char*& at, const char* end) {
+    if (static_cast<unsigned char>(*at) < 0x80) return static_cast<unsigned char>(*at++);
+    std::size_t bad = 0;
+    if (sequenceLength({at, static_cast<std::size_t>(end - at)}, 0, bad) > 0)
+        return nextCodePoint(at, end);
+    at += bad;
+    return 0xFFFD;
+}
+
+void appendCodePoint(std::string& out, char32_t c) {
+    const auto put = [&](char32_t byte) { out += static_cast<char>(byte); };
+>>>>>>> mail
     if (c < 0x80) {
         put(c);
     } else if (c < 0x800) {

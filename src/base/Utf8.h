@@ -9,6 +9,10 @@ namespace brindlet {
 /// that the text is valid and `at` is before `end`.
 char32_t nextCodePoint(const char*& at, const char* end);
 
+/// The same from any bytes: an ill-formed part is taken whole and counts as U+FFFD, just as in what
+/// `repairedUtf8` gives.
+char32_t nextRepairedCodePoint(const char*& at, const char* end);
+
 void appendCodePoint(std::string& out, char32_t codePoint);
 /// Writes one to four bytes at `out` and returns the place after them.
 char* putCodePoint(char* out, char32_t codePoint);

@@ -4,10 +4,12 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/Task.h"
 #include "base/ThreadSafety.h"
 #include "mail/MailAccount.h"
 #include "mail/MailMessage.h"
@@ -17,11 +19,13 @@
 namespace brindlet {
 
 /// Reads the mail program's index and message files. Every read of the index works on a fresh
-/// private copy and closes it again; the live database is never opened but for the one-byte test.
+/// private copy and closes it again; the live database is never opened but for the one-byte test
+/// and the touch at launch.
 ///
-/// All operations block, run on the caller's thread (any but the main one) and never fail loudly: a
-/// failure is an empty result, which may also mean that the permission was lost; `canReadIndex`
-/// tells the two apart. Index reads take turns, since they share the copy's fixed place.
+/// All operations block, run on the caller's thread (any but the main one, save for `touchMailData`
+/// and `openInMail`) and never fail loudly: a failure is an empty result, which may also mean that
+/// the permission was lost; `canReadIndex` tells the two apart. Index reads take turns, since they
+/// share the copy's fixed place.
 class MailStore {
   public:
     /// What one message file yields.
@@ -33,6 +37,9 @@ class MailStore {
 
         friend bool operator==(const Parsed&, const Parsed&) = default;
     };
+
+    /// How much of a message file is ever read.
+    static constexpr std::size_t bytesRead = 120'000;
 
     /// Keeps copies of the references; the adapters outlive it.
     explicit MailStore(Services services);
@@ -47,24 +54,38 @@ class MailStore {
     void touchMailData() const;
 
     /// The rows of a mailbox, newest first; of a label where no row is filed in it. `limit` below 1
-    /// means no cap, `since` (seconds since 1970) below 1 no cut-off.
+    /// means no cap, `since` (seconds since 1970) below 1 no cut-off. A cap does not make the read
+    /// quicker.
     std::vector<MailMessage> messages(std::int64_t mailbox, std::int64_t limit,
                                       std::int64_t since) const;
     /// Lower-cased addresses that the person has written to.
     std::set<std::string> correspondents() const;
-    /// The accounts with their folders, in the order that the screens show.
+    /// The accounts with their folders, in the order that the screens show. Only the index is read:
+    /// whatever the two arguments say, an account has neither address nor name, and no folder that
+    /// the index does not know.
     std::vector<MailAccount> loadAccounts(bool identify, bool mergeListing) const;
 
-    /// The message files below an account's directory, by the number in their names.
+    /// The message files below an account's directory, by the number in their names. Of a whole and
+    /// a partial file of one message, either may be given.
     MessagePaths locateMessageFiles(std::string_view account) const;
-    /// Reads at most the first 120,000 bytes of the file. `limit` is in characters of body.
-    static Parsed parseMessageFile(const std::string& path, std::size_t limit);
-    /// The same with a read buffer that is reused from call to call.
-    static Parsed parseMessageFile(const std::string& path, std::size_t limit, std::string& buffer);
+    /// Reads at most the first `bytesRead` bytes of the file. `limit` is in characters of body.
+    static Parsed parseMessageFile(const std::string& path, std::int64_t limit);
+    /// The same with a buffer that is reused from call to call; no more is read than it holds.
+    static Parsed parseMessageFile(const std::string& path, std::int64_t limit,
+                                   std::span<char> buffer);
+    /// Parses the files of many messages side by side, one result per id in the same order; a
+    /// message without a file gives an empty one.
+    static std::vector<Parsed> parseMessageFiles(std::span<const std::int64_t> ids,
+                                                 const MessagePaths& paths, std::int64_t limit,
+                                                 WorkerCrew& crew);
+    /// Takes apart what a message file starts with.
+    static Parsed parseMessage(std::string_view bytes, std::int64_t limit);
     /// Readable text out of a raw body: tags and entities become blanks, and so does white space.
-    static std::string visibleText(std::string_view raw, std::size_t limit);
+    /// Ill-formed UTF-8 is repaired. `limit` is in characters; below 1 nothing is given.
+    static std::string visibleText(std::string_view raw, std::int64_t limit);
     /// The link that opens a message in the mail program, for `Desktop::openLink`.
     static std::string messageLink(std::string_view messageID);
+    /// Main thread.
     void openInMail(std::string_view messageID) const;
 
     using FoldersByAccount = std::map<std::string, std::vector<MailFolder>>;
@@ -74,14 +95,14 @@ class MailStore {
                                 std::int64_t labelled, FoldersByAccount& folders);
 
   private:
+    std::optional<std::string> findMailRoot() const;
     std::optional<std::string> snapshotIndex() const BRINDLET_REQUIRES(indexTurn_);
-    std::string indexPath() const;
 
     Services services_;
     mutable Mutex rootMutex_;
     mutable bool rootKnown_ BRINDLET_GUARDED_BY(rootMutex_) = false;
-    mutable std::optional<std::string> root_;
-    mutable Mutex indexTurn_;  // held from the copy to the close
+    mutable std::optional<std::string> root_;  // never changes once it is known
+    mutable Mutex indexTurn_;                  // held from the copy to the close
 };
 
 }  // namespace brindlet

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <set>
@@ -41,12 +42,20 @@ class Classifier {
 
     using Words = std::vector<std::string>;
 
+    /// Words that tell nothing about what a message is.
+    static constexpr std::array<std::string_view, 32> stopWords{
+        "a",   "an",  "the",  "to",  "of",  "on",  "in",   "for",  "from", "your", "you",
+        "and", "or",  "is",   "are", "was", "new", "this", "that", "it",   "with", "at",
+        "by",  "has", "have", "we",  "our", "my",  "me",   "us",   "be",   "been"};
+
     /// The lower-cased words of a subject; the straight apostrophe belongs to a word.
     static Words subjectWords(std::string_view subject);
     /// For each subject of one sender's family the recurring phrase that it contains, or nothing.
     static std::vector<Words> mineTemplates(const std::vector<std::string>& subjects);
     /// True when the template is empty or its words stand in the subject as one unbroken run.
     static bool templateOccurs(const Words& templateWords, std::string_view subject);
+    /// The same for a subject already split, for callers that try many templates on one.
+    static bool templateOccurs(const Words& templateWords, const Words& subjectWords);
     /// Other shapes of a subject, for the model to compare; at most `limit` of `others`.
     static std::vector<Words> siblingSubjects(const Words& words, const std::vector<Words>& others,
                                               std::size_t limit);

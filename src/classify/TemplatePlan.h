@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -35,7 +36,12 @@ struct Plan {
     friend bool operator==(const Plan&, const Plan&) = default;
 };
 
-/// Pure. Groups come in the order of their first message, so runs repeat.
+/// What makes two senders one: the address without its display name, lower-cased. Not the key that
+/// rules are learned under, which is wider.
+std::string senderKey(std::string_view sender);
+
+/// Pure. Groups come in the order of their first message, and lists of one skeleton
+/// likewise, so runs repeat.
 Plan make(const std::vector<Message>& messages);
 
 }  // namespace brindlet::TemplatePlan

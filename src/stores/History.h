@@ -17,18 +17,29 @@ namespace brindlet {
 /// One record a finished scan, newest first, in "history.json", with a bin in
 /// "history-deleted.json" and the message-by-message detail in one file a scan below "scans". Main
 /// thread, but for the three scan-file operations, which touch only that folder and may run on the
-/// background queue that orders them.
+/// background queue that orders them: a stamp reads what the write before it left. Every change is
+/// saved at once; a save that fails is not noticed.
 class History : public Observable {
   public:
+    /// Loads both files and drops what has been in the bin for over 30 days. A "history.json" that
+    /// cannot be decoded is moved aside; the bin is then not read either, and the next save empties
+    /// it.
     explicit History(Services services);
 
     Published<std::vector<ScanRecord>> records{*this};
     Published<std::vector<ScanRecord>> deleted{*this};
 
+    /// Until the files have been read, nothing is saved over them.
+    bool loaded() const { return loaded_; }
+
     void add(const ScanRecord& record);
+    /// Sorts, keeps the newest 100 and writes both files.
     void save();
+    /// Books what left a folder on its newest record; does nothing without one. Ids that the record
+    /// has already are not added again.
     void setMoved(const std::string& folder, const std::string& movedTo,
                   const std::vector<ScanRecord::Moved>& moved);
+    /// The four below find records by their id. `purge` and `emptyBin` remove the scans' files too.
     void deleteRecord(const ScanRecord& record);
     void restore(const ScanRecord& record);
     void purge(const ScanRecord& record);
@@ -37,10 +48,12 @@ class History : public Observable {
     std::map<std::string, Date> lastScans() const;
     std::int64_t totalMoved() const;
 
+    /// Also drops all but the newest 20 files of the folder.
     void writeScan(const std::vector<ScanRecord::Saved>& saved, Date started) const;
     /// None when the file is missing or cannot be decoded.
     std::optional<std::vector<ScanRecord::Saved>> readScan(Date started) const;
     using Ids = std::unordered_set<std::int64_t>;
+    /// Sets `approved` of the messages in `considered`; does nothing when there is no such scan.
     void stampApproved(const Ids& considered, const Ids& approved, Date started) const;
 
   private:
@@ -48,8 +61,13 @@ class History : public Observable {
     void expire();
     void writeBin() const;
     std::string scanPath(Date started) const;
+    void removeScan(const ScanRecord& record) const;
     Services services_;
-    bool loaded_ = false;  // saving is refused until the load has run
+    // Constant, so that the scan-file operations may read them on another thread.
+    const std::string path_;
+    const std::string binPath_;
+    const std::string scansDirectory_;
+    bool loaded_ = false;
 };
 
 }  // namespace brindlet

@@ -12,13 +12,15 @@
 
 namespace brindlet {
 
-/// The rules, in "rules.json". Main thread; the static operations are pure and run anywhere.
+/// The rules, in "rules.json". Main thread; the static operations are pure and run anywhere. Every
+/// change is saved at once; a save that fails is not noticed and the rules in memory stay.
 class Rules : public Observable {
   public:
     /// Loads the file; whatever is wrong with it leaves the store empty.
     explicit Rules(Services services);
 
-    /// Both in the order of adding, which matters to `match`.
+    /// Both in the order of adding, which matters to `match`. The session's rules are in the file
+    /// as well and survive a restart.
     Published<std::vector<Rule>> all{*this};
     Published<std::vector<Rule>> session{*this};
 
@@ -27,9 +29,12 @@ class Rules : public Observable {
     std::optional<Rule> add(std::string_view sender, std::optional<Category> category,
                             Rule::Verdict verdict, Rule::Scope scope, std::string_view example,
                             const std::vector<std::string>& templateWords);
+    /// Makes a session rule last, with its hits and its date; a lasting rule that says where and
+    /// what already keeps its place and the session rule is dropped.
     void promote(const Rule& rule);
     void flip(const Rule& rule);
     void forget(const Rule& rule);
+    /// Accepts a rule that was held back.
     void enable(const Rule& rule);
     /// Leaves the session's rules.
     void forgetAll();
@@ -47,14 +52,16 @@ class Rules : public Observable {
     static std::optional<Rule::Verdict> blanketVerdict(const std::vector<Rule>& rules,
                                                        std::string_view sender);
     /// The verdict for a message whose category is known: the narrower rule beats the wider, the
-    /// older the newer.
+    /// older the newer. Walks the list; a scan asks its `RuleIndex`, which answers the same.
     static std::optional<Rule::Verdict> match(const std::vector<Rule>& rules,
                                               std::string_view sender, std::string_view category,
                                               std::string_view subject);
 
   private:
+    void load();
     void save() const;
     Services services_;
+    std::string path_;
 };
 
 }  // namespace brindlet

@@ -72,6 +72,8 @@ class Schedule : public Observable {
     std::string summary() const;
 
   private:
+    /// A schedule that is on needs a moment to count from.
+    void startCountingIfNeeded();
     void setEnabledAt(std::optional<Date> enabledAt);
     Services services_;
     Published<bool> enabled_{*this};

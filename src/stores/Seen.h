@@ -15,9 +15,13 @@
 namespace brindlet {
 
 class History;
+class SeenTable;
 
 /// Every message that was ever decided, by Message-ID, in "seen.json"; so that the next scan can
-/// skip it. Grows without end on purpose. Main thread.
+/// skip it. Grows without end on purpose. Main thread, but for what `keys` hands out.
+///
+/// Every change is saved at once; a save that fails is not noticed. A call that changes several
+/// entries is announced to observers once.
 class Seen : public Observable {
   public:
     struct Entry {
@@ -29,9 +33,9 @@ class Seen : public Observable {
 
         friend bool operator==(const Entry&, const Entry&) = default;
     };
-    /// The entries as they stood at one moment, to be asked from any thread.
     class Keys;
 
+    /// Loads the file; whatever is wrong with it leaves the list empty.
     explicit Seen(Services services);
     ~Seen();
 
@@ -40,42 +44,63 @@ class Seen : public Observable {
     /// All entries, in no order; for tests and tools.
     std::vector<std::pair<std::string, Entry>> entries() const;
     /// Counts assignments of the entries.
-    std::uint64_t revision() const;
+    std::uint64_t revision() const { return revision_; }
 
     /// Whether a scan leaves out what was decided. Stored in the user default "skipSeen".
-    bool skipSeen() const;
+    bool skipSeen() const { return *skipSeen_; }
     void setSkipSeen(bool skip);
 
+    /// Records decisions made now, over earlier ones; empty ids are left out. Saves whatever is
+    /// given, also nothing.
     void mark(const std::vector<std::pair<std::string, bool>>& items,
               const std::optional<std::string>& account, const std::optional<std::string>& folder);
     void mark(const std::vector<std::string>& ids, bool junk,
               const std::optional<std::string>& account, const std::optional<std::string>& folder);
+
+    /// How many entries name exactly this account, and this folder. 0 for an empty argument. An
+    /// entry that lacks either name never counts. They cost nothing worth speaking of.
     std::int64_t junkCount(const std::string& account, const std::string& folder) const;
     std::int64_t count(const std::string& account, const std::string& folder) const;
     std::int64_t count(const std::string& account) const;
+
     void clear();
-    /// Back-fills account and folder of old entries from the history; once a start.
+
+    /// Brings old entries up to date with the history: the account and folder of those that have no
+    /// folder, from the scans' files; and everything that was moved as junk in its destination.
+    /// Once a start, after both have loaded. Saves only what changed.
     void attribute(const History& history);
 
-    /// A snapshot for a scan; costs little.
+    /// The entries as they stand now, for a scan. Costs nothing until the list changes while the
+    /// snapshot lives; then the list is copied once.
     std::shared_ptr<const Keys> keys() const;
 
-    class Keys {
-      public:
-        virtual ~Keys() = default;
-        virtual bool contains(std::string_view messageID) const = 0;
-        virtual bool containsJunk(std::string_view messageID) const = 0;
-        virtual std::size_t junkSize() const = 0;
-    };
-
   private:
-    struct Table;
-    void load();
+    struct Shared;
+    SeenTable& writable();
     void save() const;
     Services services_;
-    std::shared_ptr<Table> table_;
+    std::string path_;
+    std::shared_ptr<Shared> shared_;
     std::uint64_t revision_ = 0;
-    Published<bool> skipSeen_;
+    Published<bool> skipSeen_{*this};
+};
+
+/// The entries as they stood at one moment, to be asked from any thread. May outlive the store.
+class Seen::Keys {
+  public:
+    ~Keys();
+    Keys(const Keys&) = delete;
+    Keys& operator=(const Keys&) = delete;
+
+    bool contains(std::string_view messageID) const;
+    /// True when it was decided as junk.
+    bool containsJunk(std::string_view messageID) const;
+    std::size_t junkSize() const;
+
+  private:
+    friend class Seen;
+    explicit Keys(std::shared_ptr<Shared> shared);
+    std::shared_ptr<Shared> shared_;
 };
 
 }  // namespace brindlet

@@ -72,10 +72,6 @@ char32_t nextCodePoint(const char*& at, const char* end) {
     return codePoint;
 }
 
-<<<<<<< HEAD
-char* putCodePoint(char* out, char32_t c) {
-    const auto put = [&](char32_t byte) { *out++ = static_cast<char>(byte); };
-=======
 char32_t nextRepairedCodePoint(const char*& at, const char* end) {
     if (static_cast<unsigned char>(*at) < 0x80) return static_cast<unsigned char>(*at++);
     std::size_t bad = 0;
@@ -85,9 +81,8 @@ char32_t nextRepairedCodePoint(const char*& at, const char* end) {
     return 0xFFFD;
 }
 
-void appendCodePoint(std::string& out, char32_t c) {
-    const auto put = [&](char32_t byte) { out += static_cast<char>(byte); };
->>>>>>> mail
+char* putCodePoint(char* out, char32_t c) {
+    const auto put = [&](char32_t byte) { *out++ = static_cast<char>(byte); };
     if (c < 0x80) {
         put(c);
     } else if (c < 0x800) {

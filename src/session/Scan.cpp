@@ -1,6 +1,7 @@
 #include "session/Scan.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "base/Task.h"
@@ -15,7 +16,7 @@ namespace brindlet {
 namespace {
 
 constexpr std::size_t readingRun = 256;
-constexpr std::size_t bodyCharacters = 700;
+constexpr std::int64_t bodyCharacters = 700;
 constexpr int classificationWidth = 4;
 constexpr std::size_t publishEvery = 8;
 constexpr double batteryPollSeconds = 3;
@@ -96,22 +97,14 @@ void Scan::Work::run(const CancelToken& token) {
 
 bool Scan::Work::read(const MessagePaths& paths, const CancelToken& token) {
     WorkerCrew crew(tools.readers);
-    struct Desk {
-        std::string path;
-        std::string bytes;
-    };
-    std::vector<Desk> desks(static_cast<std::size_t>(crew.workers()));
+    std::vector<std::int64_t> ids;
     bodies.reserve(rows.size());
     while (bodies.size() < rows.size() && !token.cancelled()) {
-        const auto from = bodies.size();
-        const auto count = std::min(readingRun, rows.size() - from);
-        bodies.resize(from + count);
-        crew.forEach(count, [&](int worker, std::size_t i) {
-            auto& desk = desks[static_cast<std::size_t>(worker)];
-            if (paths.find(rows[from + i].id, desk.path))
-                bodies[from + i] =
-                    MailStore::parseMessageFile(desk.path, bodyCharacters, desk.bytes);
-        });
+        ids.clear();
+        for (auto i = bodies.size(); i < rows.size() && ids.size() < readingRun; ++i)
+            ids.push_back(rows[i].id);
+        auto run = MailStore::parseMessageFiles(ids, paths, bodyCharacters, crew);
+        std::move(run.begin(), run.end(), std::back_inserter(bodies));
         if (!port.reading(static_cast<std::int64_t>(bodies.size()),
                           static_cast<std::int64_t>(rows.size())))
             return false;

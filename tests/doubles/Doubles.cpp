@@ -57,6 +57,10 @@ TemporaryDirectories::TemporaryDirectories() {
 }
 
 TemporaryDirectories::~TemporaryDirectories() {
+    clear();
+}
+
+void TemporaryDirectories::clear() {
     std::error_code ignored;
     std::filesystem::remove_all(root_, ignored);
 }
@@ -242,6 +246,17 @@ std::unique_ptr<Power::Activity> SettablePower::keepAwake(const std::string& rea
     };
     begun.push_back(reason);
     return std::make_unique<Running>(running_);
+}
+
+World& World::lasting() {
+    static auto* const worlds = new std::vector<std::unique_ptr<World>>;
+    return *worlds->emplace_back(std::make_unique<World>());
+}
+
+void World::retire() {
+    model.release();
+    mainQueue.end();
+    directories.clear();
 }
 
 std::string FixedLocale::grouped(std::int64_t number) const {

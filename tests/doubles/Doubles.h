@@ -59,6 +59,8 @@ class TemporaryDirectories : public Directories {
     /// Another place for the store, to be created or not.
     void setStore(std::string path) { store_ = std::move(path); }
     const std::string& root() const { return root_; }
+    /// Removes the folders before the end.
+    void clear();
 
   private:
     std::string root_;
@@ -205,6 +207,12 @@ struct World {
     Services services() {
         return {clock, directories, mainQueue, defaults, model, power, desktop, locale};
     }
+
+    /// A world that lasts as long as the process, as the real adapters do: for tests whose subject
+    /// leaves work behind that may outlive it. Call `retire` at the test's end.
+    static World& lasting();
+    /// Ends the main queue, lets blocked calls go and removes the folders.
+    void retire();
 };
 
 }  // namespace brindlet::doubles

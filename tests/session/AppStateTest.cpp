@@ -147,10 +147,11 @@ TEST_F(AppStateTest, PressingOnFollowsThePermission) {
 }
 
 TEST_F(AppStateTest, PressingOnWithoutPermissionAsksForIt) {
-    doubles::World empty;
+    auto& empty = doubles::World::lasting();
     const auto other = AppState::make(empty.services());
     other->pressOn();
     EXPECT_EQ(*other->screen, Screen::permission);
+    empty.retire();
 }
 
 TEST_F(AppStateTest, LoadedAccountsAreNotLoadedAgainUnforced) {
@@ -184,14 +185,15 @@ TEST_F(AppStateTest, EmptyListWithThePermissionGoneSaysSo) {
 }
 
 TEST_F(AppStateTest, NoAccountsWithThePermissionIsNoError) {
-    doubles::World world2;
-    doubles::MailHome bare(world2.directories.home());
-    const auto other = AppState::make(world2.services());
+    auto& elsewhere = doubles::World::lasting();
+    doubles::MailHome bare(elsewhere.directories.home());
+    const auto other = AppState::make(elsewhere.services());
     other->loadAccounts(true);
-    ASSERT_TRUE(world2.mainQueue.pumpUntil([&] { return !*other->loadingAccounts; }));
+    ASSERT_TRUE(elsewhere.mainQueue.pumpUntil([&] { return !*other->loadingAccounts; }));
     EXPECT_TRUE(other->accounts->empty());
     EXPECT_EQ(other->account.get(), std::nullopt);
     EXPECT_EQ(other->moveError.get(), std::nullopt);
+    elsewhere.retire();
 }
 
 TEST_F(AppStateTest, LabelWithoutAMatchIsClearedAllTheSame) {

@@ -2,7 +2,8 @@
 
 namespace brindlet {
 
-SessionTest::SessionTest() : home(world.directories.home()), mailbox(home.addMailbox("INBOX")) {
+SessionTest::SessionTest()
+    : world(doubles::World::lasting()), home(world.directories.home()), mailbox(home.addMailbox("INBOX")) {
     world.defaults.setString("scan.reach", "everything");
     world.defaults.setInteger("scan.limit", 0);
 }
@@ -15,6 +16,7 @@ SessionTest::~SessionTest() {
         state->scanTask()->wait();
     }
     if (state) state->drainWrites();
+    world.retire();
 }
 
 AppState& SessionTest::open() {

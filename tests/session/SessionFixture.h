@@ -39,7 +39,7 @@ class SessionTest : public testing::Test {
     void answerBySubject(std::vector<std::pair<std::string, std::string>> categories);
     const Verdict* verdictOf(std::int64_t id) const;
 
-    doubles::World world;
+    doubles::World& world;
     doubles::MailHome home;
     std::int64_t mailbox;
     MailFolder::Role role = MailFolder::Role::inbox;

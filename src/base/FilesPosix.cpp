@@ -227,7 +227,9 @@ bool moveWithoutReplacing(const std::string& from, const std::string& to) {
 #endif
     // A file system without that flag: a hard link refuses an existing target just as well.
     if (::link(from.c_str(), to.c_str()) != 0) return false;
-    return ::unlink(from.c_str()) == 0;
+    if (::unlink(from.c_str()) == 0) return true;
+    ::unlink(to.c_str());
+    return false;
 }
 
 Writer::Writer(const std::string& path)

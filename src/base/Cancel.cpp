@@ -1,6 +1,8 @@
 #include "base/Cancel.h"
 
+#include <algorithm>
 #include <chrono>
+#include <utility>
 #include <vector>
 
 #include "base/ThreadSafety.h"
@@ -52,11 +54,13 @@ bool CancelToken::cancelled() const {
 
 bool CancelToken::sleep(double seconds) const {
     const auto until = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+    // Waits in slices, since the clock's own arithmetic overflows on very long ones.
+    constexpr std::chrono::duration<double> slice = std::chrono::hours(1);
     Lock lock(state_->mutex);
     while (!state_->cancelled) {
-        const auto left = until - std::chrono::steady_clock::now();
+        const std::chrono::duration<double> left = until - std::chrono::steady_clock::now();
         if (left <= left.zero()) return true;
-        state_->changed.waitFor(state_->mutex, left);
+        state_->changed.waitFor(state_->mutex, std::min(left, slice));
     }
     return false;
 }
@@ -81,8 +85,21 @@ CancelToken::Watch CancelToken::onCancel(std::function<void()> wake) const {
     return watch;
 }
 
+CancelToken::Watch& CancelToken::Watch::operator=(Watch&& other) noexcept {
+    if (this != &other) {
+        end();
+        entry_ = std::move(other.entry_);
+    }
+    return *this;
+}
+
 CancelToken::Watch::~Watch() {
+    end();
+}
+
+void CancelToken::Watch::end() {
     if (entry_) entry_->end();
+    entry_.reset();
 }
 
 }  // namespace brindlet

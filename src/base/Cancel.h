@@ -19,17 +19,19 @@ class CancelToken {
     bool sleep(double seconds) const;
 
     /// Runs `wake` once, on the cancelling thread, when cancel comes, or at once if it has come.
-    /// The watch ends with the returned holder, which must not be destroyed inside `wake`.
+    /// The watch ends with the returned holder: once that is gone, `wake` neither runs nor will. So
+    /// the holder must not end inside `wake`.
     class Watch {
       public:
         Watch() = default;
         Watch(Watch&&) noexcept = default;
-        Watch& operator=(Watch&&) noexcept = default;
+        Watch& operator=(Watch&& other) noexcept;
         ~Watch();
 
       private:
         friend class CancelToken;
         struct Entry;
+        void end();
         std::shared_ptr<Entry> entry_;
     };
     [[nodiscard]] Watch onCancel(std::function<void()> wake) const;

@@ -52,6 +52,11 @@ bool walk(const std::string& root, TreeVisitor& visitor);
 /// any step failed; what the file holds then is unknown.
 bool write(const std::string& path, std::string_view bytes);
 
+/// Puts the bytes in the file's place as a whole, by way of a new file beside it (".new", for its
+/// owner alone): however the program ends, the old or the new file stands, never a part of one.
+/// False with the old one left when any step failed. Nothing is synced.
+bool replace(const std::string& path, std::string_view bytes);
+
 /// Copies a regular file to a path that does not exist; the copy is for its owner alone (0600).
 /// Shares blocks where the file system can. False on any failure, which may leave a partial copy.
 bool copy(const std::string& from, const std::string& to);

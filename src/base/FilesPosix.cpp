@@ -197,6 +197,16 @@ bool write(const std::string& path, std::string_view bytes) {
     return file.close() && written;
 }
 
+bool replace(const std::string& path, std::string_view bytes) {
+    const std::string fresh = path + ".new";
+    Descriptor file(::open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+    if (!file) return false;
+    const bool written = writeAll(file.get(), bytes.data(), bytes.size());
+    if (file.close() && written && ::rename(fresh.c_str(), path.c_str()) == 0) return true;
+    ::unlink(fresh.c_str());
+    return false;
+}
+
 bool copy(const std::string& from, const std::string& to) {
     const Descriptor in(::open(from.c_str(), O_RDONLY | O_CLOEXEC));
     if (!in) return false;
@@ -227,7 +237,9 @@ bool moveWithoutReplacing(const std::string& from, const std::string& to) {
 #endif
     // A file system without that flag: a hard link refuses an existing target just as well.
     if (::link(from.c_str(), to.c_str()) != 0) return false;
-    return ::unlink(from.c_str()) == 0;
+    if (::unlink(from.c_str()) == 0) return true;
+    ::unlink(to.c_str());
+    return false;
 }
 
 Writer::Writer(const std::string& path)

@@ -67,7 +67,7 @@ std::size_t graphemeLength(std::string_view text) {
         if (!joins) return static_cast<std::size_t>(here - text.data());
         oddRegional = after == U_GCB_REGIONAL_INDICATOR && !(oddRegional && before == after);
         emojiJoined = emojiOpen && after == U_GCB_ZWJ;
-        emojiOpen = isPictographic(c) || (emojiOpen && (after == U_GCB_EXTEND || emojiJoined));
+        emojiOpen = isPictographic(c) || (emojiOpen && after == U_GCB_EXTEND);
         before = after;
     }
     return text.size();

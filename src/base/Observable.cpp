@@ -1,7 +1,6 @@
 #include "base/Observable.h"
 
 #include <cassert>
-#include <vector>
 
 namespace brindlet {
 
@@ -19,16 +18,14 @@ Subscription Observable::subscribe(std::function<void()> observer) {
 
 void Observable::willChange() const {
     assertOwner();
-    // An observer may subscribe or cancel while being told, so walk the keys of this moment.
+    // An observer may subscribe, cancel, or end this object while it is told: so hold what is
+    // walked, look for the next key afresh, and tell nobody who came later.
     const auto observers = observers_;
-    std::vector<std::uint64_t> keys;
-    keys.reserve(observers->size());
-    for (const auto& [key, observer] : *observers) keys.push_back(key);
-    for (const auto key : keys) {
-        const auto found = observers->find(key);
-        if (found == observers->end()) continue;
-        const auto observer = found->second;
+    const auto newcomers = nextKey_;
+    for (auto at = observers->begin(); at != observers->end() && at->first < newcomers;) {
+        const auto [key, observer] = *at;
         observer();
+        at = observers->upper_bound(key);
     }
 }
 

@@ -37,8 +37,9 @@ class Subscription {
 };
 
 /// Something that tells its observers just BEFORE it changes, on every assignment, equal or not, in
-/// the order of subscribing. An observer therefore never reads inside the callback; it notes that
-/// something is about to change and looks on the next turn of the main loop.
+/// the order of subscribing. Observers that subscribe while being told hear of the next change, and
+/// those cancelled then are told no more. An observer never reads inside the callback; it notes
+/// that something is about to change and looks on the next turn of the main loop.
 ///
 /// It belongs to the thread that made it (the main thread, in the program); debug builds assert it.
 class Observable {

@@ -1,6 +1,7 @@
 #include "base/Task.h"
 
 #include <atomic>
+#include <cstdint>
 #include <deque>
 #include <thread>
 #include <vector>
@@ -81,6 +82,8 @@ struct SerialQueue::State {
     Condition changed;
     std::deque<std::function<void()>> jobs BRINDLET_GUARDED_BY(mutex);
     bool running BRINDLET_GUARDED_BY(mutex) = false;
+    std::uint64_t posted BRINDLET_GUARDED_BY(mutex) = 0;
+    std::uint64_t done BRINDLET_GUARDED_BY(mutex) = 0;
 };
 
 SerialQueue::SerialQueue(TaskPriority priority) : state_(std::make_shared<State>(priority)) {}
@@ -89,6 +92,7 @@ void SerialQueue::post(std::function<void()> job) {
     {
         Lock lock(state_->mutex);
         state_->jobs.push_back(std::move(job));
+        ++state_->posted;
         if (state_->running) return;
         state_->running = true;
     }
@@ -99,20 +103,24 @@ void SerialQueue::post(std::function<void()> job) {
                 Lock lock(state->mutex);
                 if (state->jobs.empty()) {
                     state->running = false;
-                    state->changed.notifyAll();
                     return;
                 }
                 next = std::move(state->jobs.front());
                 state->jobs.pop_front();
             }
             next();
+            next = nullptr;  // what it owns ends before anyone is told that it has run
+            Lock lock(state->mutex);
+            ++state->done;
+            state->changed.notifyAll();
         }
     });
 }
 
 void SerialQueue::drain() {
     Lock lock(state_->mutex);
-    while (state_->running) state_->changed.wait(state_->mutex);
+    const auto upTo = state_->posted;
+    while (state_->done < upTo) state_->changed.wait(state_->mutex);
 }
 
 struct WorkerCrew::State {

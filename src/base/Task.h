@@ -1,9 +1,10 @@
 #pragma once
 
+#include <cstddef>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include "base/Cancel.h"
 #include "base/ThreadSafety.h"
@@ -64,9 +65,10 @@ class TaskGroup {
   public:
     explicit TaskGroup(int width) : state_(std::make_shared<State>(width)) {}
     ~TaskGroup() {
+        std::deque<std::function<R()>> dropped;  // what they own ends outside the lock
         Lock lock(state_->mutex);
         state_->closed = true;
-        state_->waiting.clear();
+        dropped.swap(state_->waiting);
         state_->changed.notifyAll();
     }
     TaskGroup(const TaskGroup&) = delete;
@@ -94,7 +96,7 @@ class TaskGroup {
         if (state_->unclaimed == 0) return std::nullopt;
         while (state_->finished.empty()) state_->changed.wait(state_->mutex);
         std::optional<R> result(std::move(state_->finished.front()));
-        state_->finished.erase(state_->finished.begin());
+        state_->finished.pop_front();
         --state_->unclaimed;
         return result;
     }
@@ -105,8 +107,8 @@ class TaskGroup {
         const int width;
         Mutex mutex;
         Condition changed;
-        std::vector<std::function<R()>> waiting BRINDLET_GUARDED_BY(mutex);
-        std::vector<R> finished BRINDLET_GUARDED_BY(mutex);
+        std::deque<std::function<R()>> waiting BRINDLET_GUARDED_BY(mutex);
+        std::deque<R> finished BRINDLET_GUARDED_BY(mutex);
         int threads BRINDLET_GUARDED_BY(mutex) = 0;
         int idle BRINDLET_GUARDED_BY(mutex) = 0;
         int unclaimed BRINDLET_GUARDED_BY(mutex) = 0;
@@ -123,11 +125,12 @@ class TaskGroup {
                 --state.idle;
                 if (state.closed) return;
                 child = std::move(state.waiting.front());
-                state.waiting.erase(state.waiting.begin());
+                state.waiting.pop_front();
             }
             R result = child();
-            child = nullptr;
+            child = nullptr;  // what it owns ends before its result can be seen
             Lock lock(state.mutex);
+            if (state.closed) return;
             state.finished.push_back(std::move(result));
             state.changed.notifyAll();
         }

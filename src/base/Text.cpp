@@ -119,7 +119,7 @@ std::vector<std::string> letterNumberWords(std::string_view text, Apostrophe apo
         const auto length = graphemeLength(text);
         const char* at = text.data();
         const char32_t c = nextCodePoint(at, text.data() + text.size());
-        if (isLetterOrNumber(c) || (c == '\'' && apostrophe == Apostrophe::joins)) {
+        if (isLetterOrNumber(c) || (c == '\'' && length == 1 && apostrophe == Apostrophe::joins)) {
             word.append(text.substr(0, length));
         } else if (!word.empty()) {
             words.push_back(std::move(word));

@@ -32,8 +32,9 @@ bool containsDecimalDigit(std::string_view text);
 /// not fit 64 bits.
 std::optional<std::int64_t> parseInt64(std::string_view text);
 
-/// The words of a text: maximal runs of letters, numbers and, where `apostropheJoins`, the straight
-/// apostrophe. A character counts by its first code point, so a combining mark never ends a word.
+/// The words of a text: maximal runs of letters, numbers and, with `Apostrophe::joins`, the
+/// straight apostrophe. A character counts by its first code point, so a combining mark never ends
+/// a word.
 enum class Apostrophe { joins, splits };
 std::vector<std::string> letterNumberWords(std::string_view text, Apostrophe apostrophe);
 

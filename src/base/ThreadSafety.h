@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <utility>
 
 /// Clang's thread-safety analysis over our own mutex: the standard library's carries no
 /// annotations. Other compilers see plain code.

@@ -3,11 +3,9 @@
 namespace brindlet {
 
 void RunLoop::post(std::function<void()> job) {
-    {
-        Lock lock(mutex_);
-        if (stopped_) return;
-        jobs_.push_back(std::move(job));
-    }
+    Lock lock(mutex_);
+    if (stopped_) return;
+    jobs_.push_back(std::move(job));
     changed_.notifyAll();
 }
 
@@ -18,27 +16,22 @@ bool RunLoop::isMainThread() const {
 void RunLoop::run() {
     while (true) {
         std::function<void()> job;
-        std::deque<std::function<void()>> dropped;
         {
             Lock lock(mutex_);
             while (jobs_.empty() && !stopped_) changed_.wait(mutex_);
-            if (stopped_) {
-                dropped.swap(jobs_);  // their waiters are told outside the lock
-            } else {
-                job = std::move(jobs_.front());
-                jobs_.pop_front();
-            }
+            if (stopped_) return;
+            job = std::move(jobs_.front());
+            jobs_.pop_front();
         }
-        if (!job) return;
         job();
     }
 }
 
 void RunLoop::stop() {
-    {
-        Lock lock(mutex_);
-        stopped_ = true;
-    }
+    std::deque<std::function<void()>> dropped;  // whoever waits for these is told outside the lock
+    Lock lock(mutex_);
+    stopped_ = true;
+    dropped.swap(jobs_);
     changed_.notifyAll();
 }
 

@@ -21,7 +21,7 @@ class RunLoop : public MainQueue {
     /// Runs jobs as they come until `stop`. Afterwards nothing runs any more: what is queued or
     /// posted later is destroyed unrun.
     void run();
-    /// From any thread.
+    /// From any thread, before `run` too; the job that runs now is the last.
     void stop();
 
   private:

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace brindlet {
+
+/// Asks the login manager over the system bus to keep the machine from idle sleep. Gives a file
+/// descriptor, the caller's to close, which ends the request; -1 where no login manager answers.
+/// Blocks for up to five seconds: not for the main thread.
+int inhibitSleep(const std::string& reason);
+
+}  // namespace brindlet

@@ -37,10 +37,11 @@ void beginEmlx(std::string& out) {
 void finishEmlx(std::string& out, const EmlxFlags& flags) {
     const std::string count = std::to_string(out.size() - countLine);
     out.replace(0, count.size(), count);
-    out += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-           "<plist version=\"1.0\">\n<dict>\n";
+    out +=
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+        "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+        "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+        "<plist version=\"1.0\">\n<dict>\n";
     appendNumber(out, "conversation-id", "integer", flags.conversation);
     appendNumber(out, "date-last-viewed", "integer", flags.read ? flags.dateReceived + 60 : 0);
     appendNumber(out, "date-received", "integer", flags.dateReceived);

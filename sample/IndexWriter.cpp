@@ -27,13 +27,16 @@ class IndexWriter::Statement {
     }
     /// A 0 becomes NULL.
     Statement& reference(int index, std::int64_t row) {
-        if (row == 0) sqlite3_bind_null(statement_, index);
-        else sqlite3_bind_int64(statement_, index, row);
+        if (row == 0)
+            sqlite3_bind_null(statement_, index);
+        else
+            sqlite3_bind_int64(statement_, index, row);
         return *this;
     }
     /// The text must live until `run`. An empty one becomes NULL where `orNull`.
     Statement& text(int index, std::string_view value, bool orNull = false) {
-        if (orNull && value.empty()) sqlite3_bind_null(statement_, index);
+        if (orNull && value.empty())
+            sqlite3_bind_null(statement_, index);
         else
             sqlite3_bind_text64(statement_, index, value.data(), value.size(), SQLITE_STATIC,
                                 SQLITE_UTF8);
@@ -94,9 +97,8 @@ IndexWriter::IndexWriter(const std::string& path) : state_(std::make_unique<Stat
         " display_date, type, searchable_message)"
         " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?11, ?12, ?13, ?14, ?15, ?16, ?17,"
         " ?18, ?10, 0, ?1)");
-    state.prepare(
-        state.recipient,
-        "INSERT INTO recipients (message, address, type, position) VALUES (?, ?, 0, ?)");
+    state.prepare(state.recipient,
+                  "INSERT INTO recipients (message, address, type, position) VALUES (?, ?, 0, ?)");
     state.prepare(state.label,
                   "INSERT OR IGNORE INTO labels (message_id, mailbox_id) VALUES (?, ?)");
     state.prepare(state.attachment,
@@ -111,7 +113,9 @@ IndexWriter::~IndexWriter() {
     sqlite3_close(database);
 }
 
-bool IndexWriter::ok() const { return !state_->failed; }
+bool IndexWriter::ok() const {
+    return !state_->failed;
+}
 
 void IndexWriter::run(const char* statement) {
     if (state_->failed) return;
@@ -119,8 +123,12 @@ void IndexWriter::run(const char* statement) {
                   SQLITE_OK);
 }
 
-void IndexWriter::begin() { run("BEGIN"); }
-void IndexWriter::commit() { run("COMMIT"); }
+void IndexWriter::begin() {
+    run("BEGIN");
+}
+void IndexWriter::commit() {
+    run("COMMIT");
+}
 
 void IndexWriter::checkpointForTheLastTime() {
     run("PRAGMA wal_checkpoint(TRUNCATE)");

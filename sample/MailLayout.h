@@ -29,12 +29,12 @@ std::string mailboxDirectory(std::string_view account, std::string_view name);
 /// The folder inside it that holds its messages: "<mailboxDirectory>/<identifier>/Data".
 std::string mailboxDataDirectory(std::string_view account, std::string_view name);
 
-/// The digits of row id / 1000 from the last to the first, each with a slash behind it: "3/2/1/" for
-/// 123,456. Empty below 1000.
+/// The digits of row id / 1000 from the last to the first, each with a slash behind it: "3/2/1/"
+/// for 123,456. Empty below 1000.
 std::string digitFolders(std::int64_t rowId);
 
-/// "<data directory>/3/2/1/Messages/123456.emlx", or ".partial.emlx" for a message whose attachments
-/// lie apart.
+/// "<data directory>/3/2/1/Messages/123456.emlx", or ".partial.emlx" for a message whose
+/// attachments lie apart.
 enum class FileKind { whole, partial };
 std::string messageDirectory(std::string_view dataDirectory, std::int64_t rowId);
 std::string messageFileName(std::int64_t rowId, FileKind kind);

@@ -11,24 +11,38 @@ namespace brindlet::sample {
 namespace {
 
 constexpr std::array<std::string_view, 10> categories{
-    "advertisingOrPromotion",      "newsletterOrDigest",        "socialMediaBlast",
-    "receiptOrOrderOrShipping",    "billOrPayment",             "securityCodeOrSignInAlert",
-    "accountWelcomeOrInvitation",  "personalMessageOrReminder", "deliveryFailureBounce",
+    "advertisingOrPromotion",
+    "newsletterOrDigest",
+    "socialMediaBlast",
+    "receiptOrOrderOrShipping",
+    "billOrPayment",
+    "securityCodeOrSignInAlert",
+    "accountWelcomeOrInvitation",
+    "personalMessageOrReminder",
+    "deliveryFailureBounce",
     "cannotTell",
 };
 
 /// How many of a hundred messages of a folder are of each category, in the order above.
 constexpr std::array<int, 10> sharesOf(Mix mix) {
     switch (mix) {
-        case Mix::inbox: return {22, 19, 13, 12, 7, 7, 4, 13, 1, 2};
-        case Mix::junk: return {68, 12, 4, 4, 2, 3, 1, 3, 2, 1};
-        case Mix::archive: return {2, 6, 1, 30, 20, 4, 6, 28, 1, 2};
-        case Mix::trash: return {38, 24, 20, 6, 3, 4, 2, 2, 1, 0};
-        case Mix::project: return {0, 0, 0, 3, 0, 0, 4, 90, 0, 3};
-        case Mix::work: return {6, 12, 3, 4, 3, 6, 8, 52, 3, 3};
-        case Mix::mailingList: return {5, 95, 0, 0, 0, 0, 0, 0, 0, 0};
+        case Mix::inbox:
+            return {22, 19, 13, 12, 7, 7, 4, 13, 1, 2};
+        case Mix::junk:
+            return {68, 12, 4, 4, 2, 3, 1, 3, 2, 1};
+        case Mix::archive:
+            return {2, 6, 1, 30, 20, 4, 6, 28, 1, 2};
+        case Mix::trash:
+            return {38, 24, 20, 6, 3, 4, 2, 2, 1, 0};
+        case Mix::project:
+            return {0, 0, 0, 3, 0, 0, 4, 90, 0, 3};
+        case Mix::work:
+            return {6, 12, 3, 4, 3, 6, 8, 52, 3, 3};
+        case Mix::mailingList:
+            return {5, 95, 0, 0, 0, 0, 0, 0, 0, 0};
         case Mix::sent:
-        case Mix::drafts: break;
+        case Mix::drafts:
+            break;
     }
     return {0, 0, 0, 0, 0, 0, 0, 100, 0, 0};
 }
@@ -50,8 +64,12 @@ constexpr std::array<TroubleShare, 9> troubles{{
     {Trouble::noSubjectRow, 10},
 }};
 
-bool keepsOldMail(Mix mix) { return mix == Mix::archive || mix == Mix::project; }
-bool writtenByOwner(Mix mix) { return mix == Mix::sent || mix == Mix::drafts; }
+bool keepsOldMail(Mix mix) {
+    return mix == Mix::archive || mix == Mix::project;
+}
+bool writtenByOwner(Mix mix) {
+    return mix == Mix::sent || mix == Mix::drafts;
+}
 
 /// Makes the messages one by one; what concerns all of them together is shared out afterwards.
 class Planner {
@@ -81,8 +99,8 @@ class Planner {
         std::string url = mailboxUrl(account.scheme, account.id, folder.name);
         if (!folder.urlPath.empty())
             url = mailboxUrl(account.scheme, account.id, "").append(folder.urlPath);
-        plan_.folders.push_back({&account, &folder, mailboxDataDirectory(account.id, folder.name),
-                                 std::move(url)});
+        plan_.folders.push_back(
+            {&account, &folder, mailboxDataDirectory(account.id, folder.name), std::move(url)});
     }
 
     std::int64_t shareOf(std::int64_t permille) const {
@@ -98,8 +116,10 @@ class Planner {
         const SampleAccount& account = *plan_.folders[folder].account;
         const bool allMail = account.name == "Gmail" && mix == Mix::inbox;
         // What the other accounts keep apart lies in All Mail too.
-        if (allMail && random.chance(100)) mix = Mix::sent;
-        else if (allMail && random.chance(10)) mix = Mix::drafts;
+        if (allMail && random.chance(100))
+            mix = Mix::sent;
+        else if (allMail && random.chance(10))
+            mix = Mix::drafts;
 
         chooseFamily(message, mix, random);
         choosePeople(message, mix, account, random);
@@ -109,8 +129,10 @@ class Planner {
         const auto& subjects = message.family->subjects;
         message.subject = subjects[random.below(subjects.size())].filled(filling);
         const bool fromContact = message.family->senders.empty();
-        if (fromContact && random.chance(450)) message.subjectPrefix = "Re: ";
-        else if (fromContact && random.chance(50)) message.subjectPrefix = "Fwd: ";
+        if (fromContact && random.chance(450))
+            message.subjectPrefix = "Re: ";
+        else if (fromContact && random.chance(50))
+            message.subjectPrefix = "Fwd: ";
         message.messageId = makeMessageId(message, random);
         message.flags.read = mix != Mix::inbox || random.chance(600);
         message.flags.flagged = random.chance(20);
@@ -197,9 +219,9 @@ class Planner {
             keepsOldMail(mix) ? keptAgeQuantile(share) : recentAgeQuantile(share);
         const std::int64_t most =
             keepsOldMail(mix) ? keptAgeQuantile(share + 1) : recentAgeQuantile(share + 1);
-        message.dateSent = options_.newest - least -
-                           static_cast<std::int64_t>(
-                               random.below(static_cast<std::uint64_t>(most - least) + 1));
+        message.dateSent =
+            options_.newest - least -
+            static_cast<std::int64_t>(random.below(static_cast<std::uint64_t>(most - least) + 1));
         message.flags.dateReceived =
             message.dateSent + static_cast<std::int64_t>(random.between(1, 90));
     }
@@ -213,11 +235,16 @@ class Planner {
         };
         const std::string host(message.sender.domain());
         switch (random.below(5)) {
-            case 0: return identifierFor(some(16, 16)) + '@' + host;
-            case 1: return std::to_string(message.dateSent) + '.' + some(12, 10) + "@mail." + host;
-            case 2: return "CA+" + some(24, digits.size()) + '=' + some(8, 36) + "@mail." + host;
-            case 3: return some(32, 16) + '-' + some(8, 10) + "-000000@" + host;
-            default: return some(10, 36) + '$' + some(6, 16) + "/%" + some(4, 10) + '@' + host;
+            case 0:
+                return identifierFor(some(16, 16)) + '@' + host;
+            case 1:
+                return std::to_string(message.dateSent) + '.' + some(12, 10) + "@mail." + host;
+            case 2:
+                return "CA+" + some(24, digits.size()) + '=' + some(8, 36) + "@mail." + host;
+            case 3:
+                return some(32, 16) + '-' + some(8, 10) + "-000000@" + host;
+            default:
+                return some(10, 36) + '$' + some(6, 16) + "/%" + some(4, 10) + '@' + host;
         }
     }
 
@@ -262,9 +289,12 @@ class Planner {
             Random random(mixed(message.key, 0x54a9e));
             const bool isShort = message.targetSize < 4'200;
             const std::uint64_t choice = random.below(1000);
-            if (choice < (isShort ? 750u : 260u)) message.shape = Shape::plain;
-            else if (choice < (isShort ? 850u : 478u)) message.shape = Shape::html;
-            else message.shape = Shape::alternative;
+            if (choice < (isShort ? 750u : 260u))
+                message.shape = Shape::plain;
+            else if (choice < (isShort ? 850u : 478u))
+                message.shape = Shape::html;
+            else
+                message.shape = Shape::alternative;
         }
     }
 
@@ -282,7 +312,9 @@ class Planner {
                     case Trouble::emptyFile:
                     case Trouble::binaryFile:
                     case Trouble::fileWithoutHeader:
-                    case Trouble::noMessageId: message.messageId.clear(); break;
+                    case Trouble::noMessageId:
+                        message.messageId.clear();
+                        break;
                     case Trouble::duplicateMessageId:
                         message.messageId = plan_.messages[order.back()].messageId;
                         break;
@@ -290,13 +322,15 @@ class Planner {
                         message.subject.clear();
                         message.subjectPrefix = {};
                         break;
-                    default: break;
+                    default:
+                        break;
                 }
             }
         }
     }
 
-    /// Later mail has higher row ids, but for what was moved or fetched again since; there are gaps.
+    /// Later mail has higher row ids, but for what was moved or fetched again since; there are
+    /// gaps.
     void numberRows() {
         Random random(mixed(options_.seed, 0x20f1d));
         std::vector<std::pair<std::int64_t, std::size_t>> order;

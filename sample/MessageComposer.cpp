@@ -24,10 +24,14 @@ struct Encoding {
 
 std::string_view transferName(Transfer transfer) {
     switch (transfer) {
-        case Transfer::sevenBit: return "7bit";
-        case Transfer::eightBit: return "8bit";
-        case Transfer::quotedPrintable: return "quoted-printable";
-        case Transfer::base64: break;
+        case Transfer::sevenBit:
+            return "7bit";
+        case Transfer::eightBit:
+            return "8bit";
+        case Transfer::quotedPrintable:
+            return "quoted-printable";
+        case Transfer::base64:
+            break;
     }
     return "base64";
 }
@@ -69,7 +73,8 @@ std::string_view mediaType(std::string_view name) {
 std::string noise(std::uint64_t key, std::size_t size) {
     Random random(key);
     std::string bytes(size, '\0');
-    for (char& byte : bytes) byte = static_cast<char>(static_cast<unsigned char>(random.below(256)));
+    for (char& byte : bytes)
+        byte = static_cast<char>(static_cast<unsigned char>(random.below(256)));
     return bytes;
 }
 
@@ -134,10 +139,13 @@ struct MessageComposer::Build {
         if (encoding.charset == "iso-8859-1")
             if (auto bytes = latin1(text)) text = *std::move(bytes);
         switch (encoding.transfer) {
-            case Transfer::quotedPrintable: return quotedPrintable(text);
-            case Transfer::base64: return base64Lines(text);
+            case Transfer::quotedPrintable:
+                return quotedPrintable(text);
+            case Transfer::base64:
+                return base64Lines(text);
             case Transfer::sevenBit:
-            case Transfer::eightBit: break;
+            case Transfer::eightBit:
+                break;
         }
         return text;
     }
@@ -153,10 +161,9 @@ struct MessageComposer::Build {
         // What the transfer adds comes off the size.
         if (encoding.transfer == Transfer::base64) size = size / 4 * 3;
         if (encoding.transfer == Transfer::quotedPrintable) size = size / 16 * 15;
-        const std::string text =
-            type == "html"
-                ? htmlPart(letter, filler, composer.texts_.style(), encoding.charset, size)
-                : wrapped(plainPart(letter, filler, size), "");
+        const std::string text = type == "html" ? htmlPart(letter, filler, composer.texts_.style(),
+                                                           encoding.charset, size)
+                                                : wrapped(plainPart(letter, filler, size), "");
         out += encoded(text);
     }
 
@@ -177,8 +184,9 @@ struct MessageComposer::Build {
         attachment.name = attachmentName(message.family->category, mixed(message.key, 0xa77a));
         out += "--" + boundary + "\nContent-Type: ";
         out.append(mediaType(attachment.name)).append("; name=\"").append(attachment.name);
-        out.append("\"\nContent-Transfer-Encoding: base64\nContent-Disposition: attachment; "
-                   "filename=\"");
+        out.append(
+            "\"\nContent-Transfer-Encoding: base64\nContent-Disposition: attachment; "
+            "filename=\"");
         out.append(attachment.name).append("\"\n");
         if (message.kind == FileKind::partial) {
             const std::size_t apart = 2'000 + random.below(20'000);
@@ -226,9 +234,13 @@ Attachment MessageComposer::compose(const PlannedMessage& message, std::string& 
     file.clear();
     switch (message.trouble) {
         case Trouble::emptyFile:
-        case Trouble::missingFile: return {};
-        case Trouble::binaryFile: file = noise(message.key, 3'000); return {};
-        default: break;
+        case Trouble::missingFile:
+            return {};
+        case Trouble::binaryFile:
+            file = noise(message.key, 3'000);
+            return {};
+        default:
+            break;
     }
     beginEmlx(file);
     Attachment attachment;

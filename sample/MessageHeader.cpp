@@ -9,8 +9,7 @@
 namespace brindlet::sample {
 namespace {
 
-constexpr std::array<std::string_view, 7> weekdays{"Sun", "Mon", "Tue", "Wed",
-                                                   "Thu", "Fri", "Sat"};
+constexpr std::array<std::string_view, 7> weekdays{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 constexpr std::array<std::string_view, 12> months{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                   "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 constexpr std::array<int, 6> zones{0, 1, 2, -5, -8, 0};
@@ -43,20 +42,21 @@ void appendReceived(std::string& out, const PlannedMessage& message, Random& ran
 
 void appendSignature(std::string& out, const PlannedMessage& message, Random& random) {
     const std::string domain(message.sender.domain());
-    out += "Authentication-Results: mx.fernhill.example;\n\tdkim=pass header.d=" + domain +
-           ";\n\tspf=pass smtp.mailfrom=bounce." + domain + ";\n\tdmarc=pass header.from=" +
-           domain + "\nDKIM-Signature: v=1; a=rsa-sha256; c=relaxed/relaxed; d=" + domain +
-           "; s=key" + std::to_string(random.between(1, 9)) +
-           ";\n\th=from:to:subject:date:mime-version:content-type;\n\tbh=" +
-           token(random.next(), 43) + "=;\n\tb=";
+    out +=
+        "Authentication-Results: mx.fernhill.example;\n\tdkim=pass header.d=" + domain +
+        ";\n\tspf=pass smtp.mailfrom=bounce." + domain + ";\n\tdmarc=pass header.from=" + domain +
+        "\nDKIM-Signature: v=1; a=rsa-sha256; c=relaxed/relaxed; d=" + domain + "; s=key" +
+        std::to_string(random.between(1, 9)) +
+        ";\n\th=from:to:subject:date:mime-version:content-type;\n\tbh=" + token(random.next(), 43) +
+        "=;\n\tb=";
     for (int line = 0; line < 5; ++line) out += token(random.next(), 66) + "\n\t ";
     out += token(random.next(), 14) + "==\n";
 }
 
 void appendMessageId(std::string& out, const PlannedMessage& message, Random& random) {
     if (message.messageId.empty()) return;
-    constexpr std::array<std::string_view, 4> spellings{"Message-ID:", "Message-Id:",
-                                                        "Message-ID:", "message-id:"};
+    constexpr std::array<std::string_view, 4> spellings{
+        "Message-ID:", "Message-Id:", "Message-ID:", "message-id:"};
     const bool folded = message.trouble == Trouble::foldedMessageId;
     out += spellings[random.below(spellings.size())];
     out += folded ? "\n\t<" : " <";
@@ -96,7 +96,9 @@ void appendHeader(std::string& out, const PlannedMessage& message, Random& rando
         (out += i > 0 ? ",\n " : "") += addressText(message.recipients[i]);
     out += '\n';
     if (message.trouble != Trouble::noSubjectRow)
-        out.append("Subject: ").append(message.subjectPrefix).append(headerText(message.subject))
+        out.append("Subject: ")
+            .append(message.subjectPrefix)
+            .append(headerText(message.subject))
             .append("\n");
     if (!idFirst) appendMessageId(out, message, random);
     if (!message.subjectPrefix.empty())

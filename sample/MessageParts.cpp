@@ -20,7 +20,8 @@ std::string link(const Letter& letter, std::uint64_t number) {
 
 void appendCard(std::string& out, const Letter& letter, const Piece& piece, std::size_t number) {
     const std::string target = link(letter, number);
-    append(out, "<tr><td class=\"card\" style=\"padding:16px 24px;border-bottom:1px solid #e6e2da;\">",
+    append(out,
+           "<tr><td class=\"card\" style=\"padding:16px 24px;border-bottom:1px solid #e6e2da;\">",
            "\n<a href=\"", target, "\"><img src=\"https://images.", letter.senderDomain, "/w/552/",
            token(mixed(letter.key, 7000 + number), 22),
            ".jpg\" width=\"552\" height=\"230\" border=\"0\" alt=\"\" "
@@ -48,14 +49,16 @@ void appendCompanyHtml(std::string& out, const Letter& letter, const Filler& fil
     // Many senders pad the preview line, so that nothing of the page shows in it.
     if (reduced(mixed(letter.key, 41), 3) == 0)
         for (int i = 0; i < 12; ++i) out += "&#847;&zwnj;&nbsp;";
-    append(out, "</div>\n<table class=\"wrapper\" role=\"presentation\" width=\"100%\" cellspacing="
-           "\"0\" cellpadding=\"0\" border=\"0\"><tr><td align=\"center\">\n"
-           "<table class=\"sheet\" role=\"presentation\" width=\"600\" cellspacing=\"0\" "
-           "cellpadding=\"0\" border=\"0\">\n<tr><td class=\"masthead\" align=\"center\"><a href=\"",
-           link(letter, 0), "\"><img src=\"https://images.", letter.senderDomain,
-           "/logo.png\" width=\"140\" alt=\"", htmlEscaped(letter.senderName),
-           "\"></a></td></tr>\n<tr><td class=\"content\">\n<h1>", htmlEscaped(letter.subject),
-           "</h1>\n");
+    append(
+        out,
+        "</div>\n<table class=\"wrapper\" role=\"presentation\" width=\"100%\" cellspacing="
+        "\"0\" cellpadding=\"0\" border=\"0\"><tr><td align=\"center\">\n"
+        "<table class=\"sheet\" role=\"presentation\" width=\"600\" cellspacing=\"0\" "
+        "cellpadding=\"0\" border=\"0\">\n<tr><td class=\"masthead\" align=\"center\"><a href=\"",
+        link(letter, 0), "\"><img src=\"https://images.", letter.senderDomain,
+        "/logo.png\" width=\"140\" alt=\"", htmlEscaped(letter.senderName),
+        "\"></a></td></tr>\n<tr><td class=\"content\">\n<h1>", htmlEscaped(letter.subject),
+        "</h1>\n");
     for (const std::string& paragraph : letter.paragraphs)
         append(out, "<p>", htmlEscaped(paragraph), "</p>\n");
     append(out, "</td></tr>\n");
@@ -102,11 +105,16 @@ std::string htmlEscaped(std::string_view text) {
     std::string escaped;
     escaped.reserve(text.size() + 16);
     for (const char c : text) {
-        if (c == '&') escaped += "&amp;";
-        else if (c == '<') escaped += "&lt;";
-        else if (c == '>') escaped += "&gt;";
-        else if (c == '"') escaped += "&quot;";
-        else escaped += c;
+        if (c == '&')
+            escaped += "&amp;";
+        else if (c == '<')
+            escaped += "&lt;";
+        else if (c == '>')
+            escaped += "&gt;";
+        else if (c == '"')
+            escaped += "&quot;";
+        else
+            escaped += c;
     }
     return escaped;
 }
@@ -136,8 +144,10 @@ std::string htmlPart(const Letter& letter, const Filler& filler, std::string_vie
     if (letter.machineSent && size > 6'000)
         append(out, "<style type=\"text/css\">\n", style, "</style>\n");
     append(out, "</head>\n<body>\n");
-    if (letter.machineSent) appendCompanyHtml(out, letter, filler, size);
-    else appendLetterHtml(out, letter, filler, size);
+    if (letter.machineSent)
+        appendCompanyHtml(out, letter, filler, size);
+    else
+        appendLetterHtml(out, letter, filler, size);
     out += "</body>\n</html>\n";
     return out;
 }

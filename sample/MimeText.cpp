@@ -71,8 +71,10 @@ std::string quotedPrintable(std::string_view bytes) {
             out += "=\n";
             column = 0;
         }
-        if (plain) out += c;
-        else appendEscape(out, c);
+        if (plain)
+            out += c;
+        else
+            appendEscape(out, c);
         column += width;
     }
     return out;

@@ -21,11 +21,31 @@ std::int64_t interpolated(std::span<const Point> points, std::int64_t share) {
 
 // A lognormal curve with sigma 1.15.
 constexpr std::array<Point, 25> sizes{{
-    {0, 900},          {500, 1'000},      {2'000, 1'310},    {5'000, 2'097},    {10'000, 3'184},
-    {15'000, 4'221},   {20'000, 5'281},   {30'000, 7'605},   {40'000, 10'387},  {50'000, 13'900},
-    {60'000, 18'601},  {70'000, 25'405},  {80'000, 36'589},  {85'000, 45'777},  {90'000, 60'684},
-    {93'000, 75'872},  {95'000, 92'155},  {96'000, 104'082}, {97'000, 120'880}, {98'000, 147'481},
-    {99'000, 201'782}, {99'500, 268'834}, {99'800, 380'610}, {99'900, 485'731}, {100'000, 1'600'000},
+    {0, 900},
+    {500, 1'000},
+    {2'000, 1'310},
+    {5'000, 2'097},
+    {10'000, 3'184},
+    {15'000, 4'221},
+    {20'000, 5'281},
+    {30'000, 7'605},
+    {40'000, 10'387},
+    {50'000, 13'900},
+    {60'000, 18'601},
+    {70'000, 25'405},
+    {80'000, 36'589},
+    {85'000, 45'777},
+    {90'000, 60'684},
+    {93'000, 75'872},
+    {95'000, 92'155},
+    {96'000, 104'082},
+    {97'000, 120'880},
+    {98'000, 147'481},
+    {99'000, 201'782},
+    {99'500, 268'834},
+    {99'800, 380'610},
+    {99'900, 485'731},
+    {100'000, 1'600'000},
 }};
 
 constexpr std::int64_t day = 86'400;
@@ -46,7 +66,11 @@ constexpr std::array<Point, 5> keptAges{
 std::int64_t messageSizeQuantile(std::int64_t hundredThousandth) {
     return interpolated(sizes, hundredThousandth);
 }
-std::int64_t recentAgeQuantile(std::int64_t permille) { return interpolated(recentAges, permille); }
-std::int64_t keptAgeQuantile(std::int64_t permille) { return interpolated(keptAges, permille); }
+std::int64_t recentAgeQuantile(std::int64_t permille) {
+    return interpolated(recentAges, permille);
+}
+std::int64_t keptAgeQuantile(std::int64_t permille) {
+    return interpolated(keptAges, permille);
+}
 
 }  // namespace brindlet::sample

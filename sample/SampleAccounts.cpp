@@ -83,8 +83,12 @@ constexpr std::array<std::string_view, 4> foreign{{
 
 }  // namespace
 
-std::span<const SampleAccount> sampleAccounts() { return accounts; }
+std::span<const SampleAccount> sampleAccounts() {
+    return accounts;
+}
 
-std::span<const std::string_view> foreignMailboxUrls() { return foreign; }
+std::span<const std::string_view> foreignMailboxUrls() {
+    return foreign;
+}
 
 }  // namespace brindlet::sample

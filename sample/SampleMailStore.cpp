@@ -89,8 +89,8 @@ class Maker {
         written.size = static_cast<std::int64_t>(buffer.size());
         written.summary = composer_.summary(message);
         if (message.trouble == Trouble::missingFile) return true;
-        const std::string path = root_ + '/' + directoryOf(message) + '/' +
-                                 messageFileName(message.rowId, message.kind);
+        const std::string path =
+            root_ + '/' + directoryOf(message) + '/' + messageFileName(message.rowId, message.kind);
         if (!files::write(path, buffer)) return false;
         written.attachment = std::move(attachment.name);
         if (attachment.apart.empty()) return true;
@@ -103,7 +103,8 @@ class Maker {
 
     bool writeFiles() {
         constexpr std::size_t often = 500;
-        const int threads = static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1u, 8u));
+        const int threads =
+            static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1u, 8u));
         WorkerCrew crew(threads);
         std::vector<std::string> buffers(static_cast<std::size_t>(threads));
         Locked<std::pair<std::size_t, bool>> state({0, true});
@@ -155,8 +156,7 @@ class Maker {
         if (message.trouble != Trouble::noSubjectRow) row.subject = index.subject(message.subject);
         row.subjectPrefix = message.subjectPrefix;
         row.summary = written.summary;
-        const std::string header =
-            message.messageId.empty() ? "" : '<' + message.messageId + '>';
+        const std::string header = message.messageId.empty() ? "" : '<' + message.messageId + '>';
         row.messageIdHeader = header;
         row.dateSent = message.dateSent;
         row.dateReceived = message.flags.dateReceived;

@@ -109,8 +109,8 @@ void SampleTexts::readCards(std::string_view text) {
         if (word == "cards") list = &cards_[std::string(rest)];
         const std::size_t divide = rest.find(" :: ");
         if (word != "card" || !list || divide == std::string_view::npos) return;
-        list->push_back({Template(rest.substr(0, divide), words_),
-                         Template(rest.substr(divide + 4), words_)});
+        list->push_back(
+            {Template(rest.substr(0, divide), words_), Template(rest.substr(divide + 4), words_)});
     });
 }
 
@@ -123,6 +123,8 @@ const std::vector<Card>& SampleTexts::cards(std::string_view category) const {
     return cards_.find(kind)->second;
 }
 
-std::string_view SampleTexts::style() const { return resources::sampleStyle; }
+std::string_view SampleTexts::style() const {
+    return resources::sampleStyle;
+}
 
 }  // namespace brindlet::sample

@@ -9,9 +9,9 @@
 namespace brindlet::sample {
 namespace {
 
-constexpr std::array<std::string_view, 12> months{
-    "January", "February", "March",     "April",   "May",      "June",
-    "July",    "August",   "September", "October", "November", "December"};
+constexpr std::array<std::string_view, 12> months{"January",   "February", "March",    "April",
+                                                  "May",       "June",     "July",     "August",
+                                                  "September", "October",  "November", "December"};
 
 std::chrono::year_month_day dateOf(std::int64_t moment) {
     using namespace std::chrono;
@@ -113,8 +113,10 @@ Template::Template(std::string_view text, const WordLists& words) {
                 list.remove_suffix(1);
             }
             piece.list = words.find(list);
-            if (piece.list >= 0) piece.place = Place::word;
-            else (piece.literal += '{').append(name) += '}';
+            if (piece.list >= 0)
+                piece.place = Place::word;
+            else
+                (piece.literal += '{').append(name) += '}';
         }
         pieces_.push_back(std::move(piece));
     }
@@ -124,13 +126,26 @@ void Template::appendTo(std::string& out, const Filling& filling) const {
     for (const Piece& piece : pieces_) {
         out += piece.literal;
         switch (piece.place) {
-            case Place::none: break;
-            case Place::word: out += filling.words.word(piece.list, piece.turn, filling.key); break;
-            case Place::brand: out += filling.sender.name; break;
-            case Place::domain: out += filling.sender.domain(); break;
-            case Place::me: out += filling.sender.firstName(); break;
-            case Place::you: out += filling.recipient.firstName(); break;
-            case Place::today: out += dayAndMonth(filling.moment); break;
+            case Place::none:
+                break;
+            case Place::word:
+                out += filling.words.word(piece.list, piece.turn, filling.key);
+                break;
+            case Place::brand:
+                out += filling.sender.name;
+                break;
+            case Place::domain:
+                out += filling.sender.domain();
+                break;
+            case Place::me:
+                out += filling.sender.firstName();
+                break;
+            case Place::you:
+                out += filling.recipient.firstName();
+                break;
+            case Place::today:
+                out += dayAndMonth(filling.moment);
+                break;
             case Place::soon:
                 out += dayAndMonth(
                     filling.moment +

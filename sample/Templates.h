@@ -21,7 +21,8 @@ struct Person {
     std::string shown() const;
 };
 
-/// Lists of words by name, for the places in templates. In a word "*" stands for a digit from 1 to 9,
+/// Lists of words by name, for the places in templates. In a word "*" stands for a digit from 1 to
+/// 9,
 /// "#" for any digit, "^" for a capital letter.
 class WordLists {
   public:

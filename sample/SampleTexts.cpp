@@ -1,0 +1,130 @@
+#include "sample/SampleTexts.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace brindlet::resources {
+extern const std::string_view sampleWords;
+extern const std::string_view sampleContacts;
+extern const std::string_view sampleCards;
+extern const std::string_view sampleStyle;
+extern const std::string_view sampleAdvertising;
+extern const std::string_view sampleNewsletters;
+extern const std::string_view sampleSocial;
+extern const std::string_view sampleReceipts;
+extern const std::string_view sampleBills;
+extern const std::string_view sampleSecurity;
+extern const std::string_view sampleAccounts;
+extern const std::string_view samplePersonal;
+extern const std::string_view sampleOthers;
+}  // namespace brindlet::resources
+
+namespace brindlet::sample {
+namespace {
+
+/// Takes the first word off the line.
+std::string_view takeWord(std::string_view& line) {
+    const std::size_t end = std::min(line.find(' '), line.size());
+    const std::string_view word = line.substr(0, end);
+    line.remove_prefix(std::min(end + 1, line.size()));
+    return word;
+}
+
+template <class F>
+void eachLine(std::string_view text, F&& use) {
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (line.empty() || line.front() == '#') continue;
+        const std::string_view word = takeWord(line);
+        use(word, line);
+    }
+}
+
+/// "Name <address>".
+Person personFrom(std::string_view text) {
+    const std::size_t open = text.find(" <");
+    if (open == std::string_view::npos) return {"", std::string(text)};
+    const std::size_t close = std::min(text.find('>', open), text.size());
+    return {std::string(text.substr(0, open)),
+            std::string(text.substr(open + 2, close - open - 2))};
+}
+
+std::uint64_t numberFrom(std::string_view text) {
+    std::uint64_t number = 0;
+    for (const char c : text)
+        if (c >= '0' && c <= '9') number = number * 10 + static_cast<std::uint64_t>(c - '0');
+    return number;
+}
+
+bool isAscii(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return static_cast<unsigned char>(c) > 127; });
+}
+
+}  // namespace
+
+bool Family::marked(std::string_view mark) const {
+    return std::find(marks.begin(), marks.end(), mark) != marks.end();
+}
+
+SampleTexts::SampleTexts() : words_(resources::sampleWords) {
+    for (const std::string_view text :
+         {resources::sampleAdvertising, resources::sampleNewsletters, resources::sampleSocial,
+          resources::sampleReceipts, resources::sampleBills, resources::sampleSecurity,
+          resources::sampleAccounts, resources::samplePersonal, resources::sampleOthers})
+        readFamilies(text);
+    readCards(resources::sampleCards);
+    eachLine(resources::sampleContacts, [&](std::string_view word, std::string_view rest) {
+        if (word == "person") contacts_.push_back(personFrom(rest));
+        if (word == "colleague") colleagues_.push_back(personFrom(rest));
+    });
+}
+
+void SampleTexts::readFamilies(std::string_view text) {
+    eachLine(text, [&](std::string_view word, std::string_view rest) {
+        if (word == "family") {
+            Family family;
+            family.category = takeWord(rest);
+            while (!rest.empty()) family.marks.emplace_back(takeWord(rest));
+            families_.push_back(std::move(family));
+            return;
+        }
+        if (families_.empty()) return;
+        Family& family = families_.back();
+        if (word != "from" && !isAscii(rest)) family.ascii = false;
+        if (word == "weight") family.weight = numberFrom(rest);
+        if (word == "from") family.senders.push_back(personFrom(rest));
+        if (word == "subject") family.subjects.emplace_back(rest, words_);
+        if (word == "open") family.openings.emplace_back(rest, words_);
+        if (word == "say") family.sayings.emplace_back(rest, words_);
+        if (word == "end") family.endings.emplace_back(rest, words_);
+    });
+}
+
+void SampleTexts::readCards(std::string_view text) {
+    std::vector<Card>* list = nullptr;
+    eachLine(text, [&](std::string_view word, std::string_view rest) {
+        if (word == "cards") list = &cards_[std::string(rest)];
+        const std::size_t divide = rest.find(" :: ");
+        if (word != "card" || !list || divide == std::string_view::npos) return;
+        list->push_back(
+            {Template(rest.substr(0, divide), words_), Template(rest.substr(divide + 4), words_)});
+    });
+}
+
+const std::vector<Card>& SampleTexts::cards(std::string_view category) const {
+    std::string_view kind = "service";
+    if (category == "advertisingOrPromotion") kind = "shop";
+    if (category == "newsletterOrDigest") kind = "article";
+    if (category == "socialMediaBlast") kind = "post";
+    if (category == "personalMessageOrReminder") kind = "letter";
+    return cards_.find(kind)->second;
+}
+
+std::string_view SampleTexts::style() const {
+    return resources::sampleStyle;
+}
+
+}  // namespace brindlet::sample

@@ -8,7 +8,7 @@ build_packages=(
     qml6-module-qtquick-window qml6-module-qtquick-layouts qml6-module-qtquick-templates
     fonts-inter
 )
-test_packages=(libgtest-dev libbenchmark-dev python3 valgrind)
+test_packages=(libgtest-dev python3 valgrind)
 full_packages=(clang-19 lld-19 llvm-19 libclang-rt-19-dev)
 
 say() { printf '\n==> %s\n' "$*"; }

@@ -69,7 +69,7 @@ class TaskGroup {
         Lock lock(state_->mutex);
         state_->closed = true;
         dropped.swap(state_->waiting);
-        state_->changed.notifyAll();
+        state_->added.notifyAll();
     }
     TaskGroup(const TaskGroup&) = delete;
     TaskGroup& operator=(const TaskGroup&) = delete;
@@ -87,14 +87,14 @@ class TaskGroup {
         if (needsThread)
             runDetached(TaskPriority::userInitiated, [state = state_] { run(*state); });
         else
-            state_->changed.notifyAll();
+            state_->added.notifyOne();
     }
 
     /// The next result; none when every child's result has been taken.
     std::optional<R> next() {
         Lock lock(state_->mutex);
         if (state_->unclaimed == 0) return std::nullopt;
-        while (state_->finished.empty()) state_->changed.wait(state_->mutex);
+        while (state_->finished.empty()) state_->answered.wait(state_->mutex);
         std::optional<R> result(std::move(state_->finished.front()));
         state_->finished.pop_front();
         --state_->unclaimed;
@@ -106,7 +106,8 @@ class TaskGroup {
         explicit State(int w) : width(w) {}
         const int width;
         Mutex mutex;
-        Condition changed;
+        Condition added;     // what the threads wait for
+        Condition answered;  // what the owner waits for
         std::deque<std::function<R()>> waiting BRINDLET_GUARDED_BY(mutex);
         std::deque<R> finished BRINDLET_GUARDED_BY(mutex);
         int threads BRINDLET_GUARDED_BY(mutex) = 0;
@@ -121,7 +122,7 @@ class TaskGroup {
             {
                 Lock lock(state.mutex);
                 ++state.idle;
-                while (state.waiting.empty() && !state.closed) state.changed.wait(state.mutex);
+                while (state.waiting.empty() && !state.closed) state.added.wait(state.mutex);
                 --state.idle;
                 if (state.closed) return;
                 child = std::move(state.waiting.front());
@@ -132,7 +133,7 @@ class TaskGroup {
             Lock lock(state.mutex);
             if (state.closed) return;
             state.finished.push_back(std::move(result));
-            state.changed.notifyAll();
+            state.answered.notifyOne();
         }
     }
 

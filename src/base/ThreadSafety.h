@@ -23,6 +23,7 @@ class BRINDLET_THREAD(capability("mutex")) Mutex {
     void unlock() BRINDLET_THREAD(release_capability()) { mutex_.unlock(); }
 
   private:
+    friend class Condition;
     std::mutex mutex_;
 };
 
@@ -43,16 +44,24 @@ class BRINDLET_THREAD(scoped_lockable) Lock {
 /// A condition over a Mutex that the caller holds; wait loops test their own condition.
 class Condition {
   public:
-    void wait(Mutex& mutex) BRINDLET_REQUIRES(mutex) { condition_.wait(mutex); }
+    void wait(Mutex& mutex) BRINDLET_REQUIRES(mutex) {
+        std::unique_lock<std::mutex> held(mutex.mutex_, std::adopt_lock);
+        condition_.wait(held);
+        held.release();  // the caller goes on holding it
+    }
     /// False when the time ran out.
     template <class Duration>
     bool waitFor(Mutex& mutex, Duration duration) BRINDLET_REQUIRES(mutex) {
-        return condition_.wait_for(mutex, duration) == std::cv_status::no_timeout;
+        std::unique_lock<std::mutex> held(mutex.mutex_, std::adopt_lock);
+        const auto status = condition_.wait_for(held, duration);
+        held.release();
+        return status == std::cv_status::no_timeout;
     }
+    void notifyOne() { condition_.notify_one(); }
     void notifyAll() { condition_.notify_all(); }
 
   private:
-    std::condition_variable_any condition_;
+    std::condition_variable condition_;
 };
 
 /// A value guarded by one lock, for the few places where it crosses between a background reader

@@ -17,9 +17,8 @@ auto firstOf(const List& list, Test test) -> decltype(list.data()) {
 
 const MailAccount* accountForLabel(const std::vector<MailAccount>& accounts,
                                    const std::string& label) {
-    if (const auto* exact = firstOf(accounts, [&](const MailAccount& account) {
-            return account.displayLabel() == label;
-        }))
+    if (const auto* exact = firstOf(
+            accounts, [&](const MailAccount& account) { return account.displayLabel() == label; }))
         return exact;
     const auto lower = lowercased(label);
     return firstOf(accounts, [&](const MailAccount& account) {
@@ -30,8 +29,8 @@ const MailAccount* accountForLabel(const std::vector<MailAccount>& accounts,
 }
 
 const MailFolder* folderAsBefore(const MailAccount& account, const MailFolder& old) {
-    if (const auto* same = firstOf(account.folders,
-                                   [&](const MailFolder& folder) { return folder.id == old.id; }))
+    if (const auto* same =
+            firstOf(account.folders, [&](const MailFolder& folder) { return folder.id == old.id; }))
         return same;
     const auto leaf = lowercased(MailFolder::leafName(old.name));
     return firstOf(account.folders, [&](const MailFolder& folder) {

@@ -23,6 +23,7 @@ class AppState::Port : public ScanPort {
         : state_(state),
           queue_(state->services_.mainQueue),
           locale_(state->services_.locale),
+          pauseOnBattery_(state->schedule.pauseOnBatteryFlag()),
           number_(state->scanNumber_),
           account_(account),
           folder_(folder) {}
@@ -81,9 +82,7 @@ class AppState::Port : public ScanPort {
             state.verdicts.set(progress.verdicts);
         });
     }
-    std::optional<bool> pausesOnBattery() override {
-        return ask([](AppState& state) { return state.schedule.pauseOnBattery(); });
-    }
+    bool pausesOnBattery() override { return *pauseOnBattery_; }
     bool finish(const VerdictList& verdicts, Date started) override {
         // Counted out here: the main thread has only to take it over.
         const auto ticked = ticksOf(verdicts, folder_);
@@ -128,6 +127,7 @@ class AppState::Port : public ScanPort {
     std::weak_ptr<AppState> state_;
     MainQueue& queue_;
     const Locale& locale_;
+    const std::shared_ptr<const std::atomic<bool>> pauseOnBattery_;
     const std::uint64_t number_;
     const MailAccount account_;
     const MailFolder folder_;

@@ -270,9 +270,7 @@ bool Scan::Work::waitWhilePaused(const CancelToken& token) {
     bool told = false;
     bool paused = false;
     while (true) {
-        const auto pauses = port.pausesOnBattery();
-        if (!pauses) return false;
-        if (!*pauses || !tools.power.onBattery()) break;
+        if (!port.pausesOnBattery() || !tools.power.onBattery()) break;
         if (!std::exchange(told, true) && !port.setStage(stages::pausedOnBattery)) return false;
         if (!tools.clock.sleep(batteryPollSeconds, token)) break;
         paused = true;

@@ -15,9 +15,9 @@
 
 namespace brindlet {
 
-/// All that a scan wants of the session. Called on the scan's thread; each call is carried out on
-/// the main thread before it returns. An operation that answers none or false says that the session
-/// is gone; the scan then unwinds.
+/// All that a scan wants of the session. Called on the scan's thread; each call, but for
+/// `pausesOnBattery`, is carried out on the main thread before it returns. An operation that answers
+/// none or false says that the session is gone; the scan then unwinds.
 class ScanPort {
   public:
     virtual ~ScanPort() = default;
@@ -58,7 +58,8 @@ class ScanPort {
         VerdictList verdicts;
     };
     virtual bool publish(const Progress& progress) = 0;
-    virtual std::optional<bool> pausesOnBattery() = 0;
+    /// The switch as it stands now.
+    virtual bool pausesOnBattery() = 0;
     virtual bool finish(const VerdictList& verdicts, Date started) = 0;
 };
 

@@ -113,6 +113,7 @@ Schedule::Schedule(Services services) : services_(services) {
     cadence_.set(storedCase(defaults, keys::cadence, Cadence::daily));
     lastRun_.set(storedDate(defaults, keys::lastRun));
     pauseOnBattery_.set(defaults.boolean(keys::pauseOnBattery).value_or(true));
+    *pauseFlag_ = *pauseOnBattery_;
     if (auto json = defaults.data(keys::watched)) watched_.set(decodedWatched(*std::move(json)));
     startCountingIfNeeded();
 }
@@ -150,6 +151,7 @@ void Schedule::setLastRun(std::optional<Date> lastRun) {
 
 void Schedule::setPauseOnBattery(bool pause) {
     pauseOnBattery_.set(pause);
+    *pauseFlag_ = pause;
     services_.defaults.setBoolean(keys::pauseOnBattery, pause);
 }
 

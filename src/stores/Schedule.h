@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -57,6 +59,9 @@ class Schedule : public Observable {
     Cadence cadence() const { return *cadence_; }
     std::optional<Date> lastRun() const { return *lastRun_; }
     bool pauseOnBattery() const { return *pauseOnBattery_; }
+    /// The same switch for a scan, which asks after every message: a hop each would cost more than
+    /// the message. Follows every change; any thread.
+    std::shared_ptr<const std::atomic<bool>> pauseOnBatteryFlag() const { return pauseFlag_; }
     const std::vector<WatchedMailbox>& watched() const { return *watched_; }
 
     void setEnabled(bool enabled);
@@ -82,6 +87,7 @@ class Schedule : public Observable {
     Published<Cadence> cadence_{*this};
     Published<std::optional<Date>> lastRun_{*this};
     Published<bool> pauseOnBattery_{*this};
+    const std::shared_ptr<std::atomic<bool>> pauseFlag_ = std::make_shared<std::atomic<bool>>(true);
     Published<std::vector<WatchedMailbox>> watched_{*this};
 };
 

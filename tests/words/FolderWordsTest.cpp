@@ -70,6 +70,22 @@ TEST(FolderWords, LastSortedInRelativeWords) {
     }
 }
 
+TEST(FolderWords, RelativeWordsAreFromNowBackToTheScan) {
+    struct SpanLocale : doubles::FixedLocale {
+        std::string relative(Date date, Date now) const override {
+            return std::to_string(static_cast<int>(now - date)) + " seconds ago";
+        }
+    } locale;
+    doubles::World world;
+    auto& w = world;
+    const auto state = AppState::make(Services{w.clock, w.directories, w.mainQueue, w.defaults,
+                                               w.model, w.power, w.desktop, locale});
+    state->account.set(MailAccount{"A1", "ann@x.com", "", {}});
+    const auto words = folderWords(*state, Session::folder(Role::inbox, "INBOX"),
+                                   {{"ann@x.com|INBOX", world.clock.now() - 3600}});
+    EXPECT_EQ(words.status, "sorted 3600 seconds ago");
+}
+
 TEST(FolderWords, TagTellsWhatIsLeft) {
     const struct {
         std::int64_t count;

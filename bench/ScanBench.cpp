@@ -177,10 +177,10 @@ int main(const std::string& sample, double slack, int scans) {
         verdicts = state->verdicts->size();
         if (scan == 0) wholePeak = peakMegabytes();
         resident.push_back(residentMegabytes());
-        // The last job books the finished scan and saves three files whole.
+        // The first job began this scan; the last one books what it found and saves three files
+        // whole.
         const double booking = loop.held.back();
-        loop.held.pop_back();
-        const double hop = *std::max_element(loop.held.begin(), loop.held.end());
+        const double hop = *std::max_element(loop.held.begin() + 1, loop.held.end() - 1);
         longestHop = longestHop == 0 ? hop : std::min(longestHop, hop);
         const double ratio = whole / reading;
         bestRatio = bestRatio == 0 ? ratio : std::min(bestRatio, ratio);
@@ -204,7 +204,7 @@ int main(const std::string& sample, double slack, int scans) {
             loop.post(end);
         });
     };
-    begin();
+    loop.post(begin);
     loop.run();
     const auto count = static_cast<double>(verdicts);
     const double share = count / 100'000;

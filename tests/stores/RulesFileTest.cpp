@@ -154,9 +154,9 @@ TEST(RulesFile, DamageEmptiesTheStoreAndTheNextSaveOverwritesIt) {
     const auto whole = "[" + ruleJson() + "," + ruleJson() + "]";
     for (std::size_t length = 0; length < whole.size(); ++length)
         texts.push_back(whole.substr(0, length));
+    StoreWorld world;
     for (const auto& text : texts) {
         SCOPED_TRACE(text);
-        StoreWorld world;
         world.put("rules.json", text);
         Rules rules(world.services());
         EXPECT_TRUE(rules.combined().empty());

@@ -60,9 +60,9 @@ TEST(SeenFile, DamageEmptiesTheListAndTheNextSaveOverwritesIt) {
           "{\"junk\":true,\"when\":1,\"folder\":\"\xe9\"}"})
         texts.push_back(R"({"a":{"junk":true,"when":1},"b":)" + std::string(entry) + "}");
     texts.push_back(std::string(whole) + "}");
+    StoreWorld world;
     for (const auto& text : texts) {
         SCOPED_TRACE(text);
-        StoreWorld world;
         world.put("seen.json", text);
         Seen seen(world.services());
         EXPECT_EQ(seen.size(), 0u);

@@ -28,6 +28,8 @@ class Lists {
         // Filling moves each list's start on to its end.
         for (std::uint32_t i = 0; i < listOf.size(); ++i) indices_[ends_[listOf[i]]++] = i;
     }
+    /// All indices, list after list.
+    std::span<const std::uint32_t> indices() const { return indices_; }
     std::size_t size() const { return ends_.size() - 1; }
     std::span<const std::uint32_t> operator[](std::size_t list) const {
         const auto start = list == 0 ? 0 : ends_[list - 1];
@@ -59,6 +61,8 @@ class Planner {
 
     Plan make() && {
         groupBySender();
+        subjects_.reserve(messages_.size());
+        for (const auto index : groups_.indices()) subjects_.push_back(messages_[index].subject);
         for (std::size_t i = 0; i < groups_.size(); ++i) planGroup(groups_[i]);
         return std::move(plan_);
     }
@@ -101,8 +105,13 @@ class Planner {
         numbers_.clear();
         ends_.clear();
         tallies_.clear();
+        const auto* subject = subjects_.data() + (group.data() - groups_.indices().data());
+        const auto* const end = subjects_.data() + subjects_.size();
         for (std::uint32_t position = 0; position < group.size(); ++position) {
-            for (const auto word : splitter_.split(messages_[group[position]].subject)) {
+            // Subjects lie scattered in memory, and waiting for them would take a third of the
+            // time.
+            if (subject + 8 < end) __builtin_prefetch(subject[8].data());
+            for (const auto word : splitter_.split(*subject++)) {
                 const auto number = words_.number(word);
                 numbers_.push_back(number);
                 if (number == tallies_.size()) tallies_.emplace_back();
@@ -166,6 +175,8 @@ class Planner {
     const std::vector<Message>& messages_;
     Plan plan_;
     Lists groups_;
+    /// In the order of `groups_.indices()`.
+    std::vector<std::string_view> subjects_;
     std::string key_;
 
     // What follows is of one group at a time and only keeps its memory for the next.

@@ -76,7 +76,7 @@ void Scan::Work::run(const CancelToken& token) {
                                 reachCutoff(bounds->reach, tools.clock.now()));
     if (!port.located(static_cast<std::int64_t>(rows.size()))) return;
     auto paths = tools.mail->locateMessageFiles(target.account.id);
-    const auto decided = port.decided();
+    auto decided = port.decided();
     if (!decided || !learn()) return;
     if (!read(std::exchange(paths, {}), token)) return;
 
@@ -87,6 +87,7 @@ void Scan::Work::run(const CancelToken& token) {
         return;
     }
     const auto skipped = dropDecided(*decided);
+    decided.reset();  // while it lives, a change of the seen list costs a copy of it
     if (!port.willSort(skipped, static_cast<std::int64_t>(rows.size()))) return;
     if (rows.empty() || token.cancelled()) {
         port.endWithoutSorting();

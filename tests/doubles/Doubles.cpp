@@ -192,8 +192,8 @@ ScriptedModel::Script ScriptedModel::always(std::string category) {
 std::optional<LanguageModel::Answer> ScriptedModel::respond(const std::string& instructions,
                                                             const ModelSchema& schema,
                                                             const std::string& prompt,
-                                                            const ModelOptions&) {
-    const Call call{instructions, schema.name, prompt};
+                                                            const ModelOptions& options) {
+    const Call call{instructions, schema.name, prompt, options};
     Script script;
     {
         Lock lock(mutex_);

@@ -131,6 +131,7 @@ class ScriptedModel : public LanguageModel {
         std::string instructions;
         std::string schema;
         std::string prompt;
+        ModelOptions options;
     };
     using Script = std::function<std::optional<Answer>(const Call&)>;
 

@@ -127,8 +127,9 @@ class Planner {
         const Filling filling{texts_.words(), message.key, message.sender,
                               message.recipients.front(), message.dateSent};
         const auto& subjects = message.family->subjects;
-        message.subject = subjects[random.below(subjects.size())].filled(filling);
-        const bool fromContact = message.family->senders.empty();
+        message.subjectLine = random.below(subjects.size());
+        message.subject = subjects[message.subjectLine].subject.filled(filling);
+        const bool fromContact = message.family->fromContact();
         if (fromContact && random.chance(450))
             message.subjectPrefix = "Re: ";
         else if (fromContact && random.chance(50))
@@ -156,7 +157,7 @@ class Planner {
             for (const Family& family : texts_.families()) {
                 if (family.category != categories[category]) continue;
                 if (sameTongue && family.ascii == foreign) continue;
-                if (writtenByOwner(mix) && !family.senders.empty()) continue;
+                if (writtenByOwner(mix) && !family.fromContact()) continue;
                 std::uint64_t weight = family.weight;
                 if (family.marked("scam")) weight = mix == Mix::junk ? weight * 8 : 1;
                 if (family.marked("work") && mix == Mix::work) weight *= 8;

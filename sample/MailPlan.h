@@ -44,6 +44,8 @@ struct PlannedMessage {
     /// Chooses all that is left to choose.
     std::uint64_t key = 0;
     const Family* family = nullptr;
+    /// Which of the family's subjects.
+    std::size_t subjectLine = 0;
     /// Numbers in MailPlan::folders.
     std::size_t folder = 0;
     std::vector<std::size_t> labels;

@@ -117,12 +117,16 @@ struct MessageComposer::Build {
         letter.senderName = message.sender.name.empty() ? std::string_view(message.sender.address)
                                                         : std::string_view(message.sender.name);
         letter.senderDomain = message.sender.domain();
-        letter.machineSent = !family.senders.empty();
+        letter.machineSent = !family.fromContact();
         letter.key = message.key;
         const auto add = [&](const std::vector<Template>& from, std::size_t which) {
             letter.paragraphs.push_back(from[which].filled(filling));
         };
-        add(family.openings, random.below(family.openings.size()));
+        const auto& ownOpening = family.subjects[message.subjectLine].opening;
+        if (ownOpening)
+            letter.paragraphs.push_back(ownOpening->filled(filling));
+        else
+            add(family.openings, random.below(family.openings.size()));
         const std::size_t sayings = family.sayings.size();
         const std::size_t count = std::min<std::size_t>(sayings, random.between(1, 4));
         // Sayings keep their order, so that a text does not go back on itself.

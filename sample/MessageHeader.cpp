@@ -82,7 +82,7 @@ std::string headerDate(std::int64_t moment, int zoneHours) {
 
 void appendHeader(std::string& out, const PlannedMessage& message, Random& random,
                   std::size_t targetSize) {
-    const bool machineSent = !message.family->senders.empty();
+    const bool machineSent = !message.family->fromContact();
     const bool isShort = targetSize < 3'200;
     out += "Return-Path: <" + message.sender.address + ">\n";
     const int hops = isShort ? 1 : static_cast<int>(random.between(2, 4));

@@ -90,14 +90,14 @@ Piece Filler::piece(std::size_t number) const {
     Filling filling = filling_;
     filling.key = mixed(filling_.key, 100 + number);
     if (family_.ascii) {
-        const auto& cards = texts_.cards(family_.category);
+        const auto& cards = texts_.cards(family_);
         const Card& card = cards[reduced(filling.key, cards.size())];
         return {card.title.filled(filling), card.text.filled(filling)};
     }
     // There are no cards in other tongues; the family's own words go on.
     const auto& subjects = family_.subjects;
     const auto& sayings = family_.sayings;
-    return {subjects[number % subjects.size()].filled(filling),
+    return {subjects[number % subjects.size()].subject.filled(filling),
             sayings[number % sayings.size()].filled(filling)};
 }
 

@@ -166,7 +166,7 @@ class Maker {
         row.conversation = message.flags.conversation;
         row.read = message.flags.read;
         row.flagged = message.flags.flagged;
-        row.fromList = !message.family->senders.empty();
+        row.fromList = !message.family->fromContact();
         index.addMessage(row);
         std::int64_t position = 0;
         for (const Person& person : message.recipients)

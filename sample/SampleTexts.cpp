@@ -22,6 +22,9 @@ extern const std::string_view sampleOthers;
 namespace brindlet::sample {
 namespace {
 
+/// Between a subject and its own opening, and between a card's title and its text.
+constexpr std::string_view separator = " :: ";
+
 /// Takes the first word off the line.
 std::string_view takeWord(std::string_view& line) {
     const std::size_t end = std::min(line.find(' '), line.size());
@@ -79,6 +82,7 @@ SampleTexts::SampleTexts() : words_(resources::sampleWords) {
     eachLine(resources::sampleContacts, [&](std::string_view word, std::string_view rest) {
         if (word == "person") contacts_.push_back(personFrom(rest));
         if (word == "colleague") colleagues_.push_back(personFrom(rest));
+        if (word == "more") addInvented(rest, contacts_);
     });
 }
 
@@ -94,9 +98,16 @@ void SampleTexts::readFamilies(std::string_view text) {
         if (families_.empty()) return;
         Family& family = families_.back();
         if (word != "from" && !isAscii(rest)) family.ascii = false;
+        if (word == "more") addInvented(rest, family.senders);
         if (word == "weight") family.weight = numberFrom(rest);
         if (word == "from") family.senders.push_back(personFrom(rest));
-        if (word == "subject") family.subjects.emplace_back(rest, words_);
+        if (word == "subject") {
+            const std::size_t divide = rest.find(separator);
+            SubjectLine line{Template(rest.substr(0, divide), words_), std::nullopt};
+            if (divide != std::string_view::npos)
+                line.opening.emplace(rest.substr(divide + separator.size()), words_);
+            family.subjects.push_back(std::move(line));
+        }
         if (word == "open") family.openings.emplace_back(rest, words_);
         if (word == "say") family.sayings.emplace_back(rest, words_);
         if (word == "end") family.endings.emplace_back(rest, words_);
@@ -107,19 +118,35 @@ void SampleTexts::readCards(std::string_view text) {
     std::vector<Card>* list = nullptr;
     eachLine(text, [&](std::string_view word, std::string_view rest) {
         if (word == "cards") list = &cards_[std::string(rest)];
-        const std::size_t divide = rest.find(" :: ");
+        const std::size_t divide = rest.find(separator);
         if (word != "card" || !list || divide == std::string_view::npos) return;
-        list->push_back(
-            {Template(rest.substr(0, divide), words_), Template(rest.substr(divide + 4), words_)});
+        list->push_back({Template(rest.substr(0, divide), words_),
+                         Template(rest.substr(divide + separator.size()), words_)});
     });
 }
 
-const std::vector<Card>& SampleTexts::cards(std::string_view category) const {
-    std::string_view kind = "service";
-    if (category == "advertisingOrPromotion") kind = "shop";
-    if (category == "newsletterOrDigest") kind = "article";
-    if (category == "socialMediaBlast") kind = "post";
-    if (category == "personalMessageOrReminder") kind = "letter";
+/// "30 {maker} Goods <hello@{maker}.example>": so many senders with words from lists in their
+/// names.
+void SampleTexts::addInvented(std::string_view line, std::vector<Person>& people) const {
+    const std::uint64_t count = numberFrom(takeWord(line));
+    const Template pattern(line, words_);
+    const Person nobody;
+    for (std::uint64_t i = 0; i < count; ++i) {
+        Person person = personFrom(pattern.filled({words_, i, nobody, nobody, 0}));
+        for (char& c : person.address)
+            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        const bool known = std::any_of(people.begin(), people.end(), [&](const Person& other) {
+            return other.address == person.address;
+        });
+        if (!known) people.push_back(std::move(person));
+    }
+}
+
+const std::vector<Card>& SampleTexts::cards(const Family& family) const {
+    std::string_view kind = family.fromContact() ? "letter" : "service";
+    if (family.category == "advertisingOrPromotion") kind = "shop";
+    if (family.category == "newsletterOrDigest") kind = "article";
+    if (family.category == "socialMediaBlast") kind = "post";
     return cards_.find(kind)->second;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,12 @@
 #include "sample/Templates.h"
 
 namespace brindlet::sample {
+
+/// A subject, and the opening that goes with it alone where it has one.
+struct SubjectLine {
+    Template subject;
+    std::optional<Template> opening;
+};
 
 /// Messages of one making: some senders that write the same kinds of mail.
 struct Family {
@@ -19,14 +26,17 @@ struct Family {
     std::uint64_t weight = 1;
     /// Empty where the mail comes from one of the person's contacts.
     std::vector<Person> senders;
-    std::vector<Template> subjects;
-    /// A text is one opening, some of the sayings in their order, and one ending.
+    std::vector<SubjectLine> subjects;
+    /// A text is one opening, some of the sayings in their order, and one ending. There may be no
+    /// openings where each subject has its own.
     std::vector<Template> openings;
     std::vector<Template> sayings;
     std::vector<Template> endings;
     /// False when some of its own text is not ASCII.
     bool ascii = true;
 
+    /// It comes from one of the person's contacts.
+    bool fromContact() const { return senders.empty(); }
     bool marked(std::string_view mark) const;
 };
 
@@ -47,13 +57,14 @@ class SampleTexts {
     /// Whom the owner of the sample mail knows: friends and family, and people at work.
     const std::vector<Person>& contacts() const { return contacts_; }
     const std::vector<Person>& colleagues() const { return colleagues_; }
-    /// The cards that suit a category; never empty.
-    const std::vector<Card>& cards(std::string_view category) const;
+    /// The cards that suit a family; never empty.
+    const std::vector<Card>& cards(const Family& family) const;
     std::string_view style() const;
 
   private:
     void readFamilies(std::string_view text);
     void readCards(std::string_view text);
+    void addInvented(std::string_view line, std::vector<Person>& people) const;
 
     WordLists words_;
     std::vector<Family> families_;

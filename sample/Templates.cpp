@@ -13,9 +13,17 @@ constexpr std::array<std::string_view, 12> months{"January",   "February", "Marc
                                                   "May",       "June",     "July",     "August",
                                                   "September", "October",  "November", "December"};
 
+/// From December on, three months each.
+constexpr std::array<std::string_view, 4> seasons{"winter", "spring", "summer", "autumn"};
+
 std::chrono::year_month_day dateOf(std::int64_t moment) {
     using namespace std::chrono;
     return year_month_day(floor<days>(sys_seconds(seconds(moment))));
+}
+
+/// January is 0.
+std::size_t monthOf(std::int64_t moment) {
+    return static_cast<unsigned>(dateOf(moment).month()) - 1;
 }
 
 /// Calls `line` with each line that holds something and is no remark.
@@ -83,13 +91,15 @@ std::string WordLists::word(int list, int turn, std::uint64_t key) const {
 }
 
 Template::Template(std::string_view text, const WordLists& words) {
-    constexpr std::array<std::pair<std::string_view, Place>, 7> known{{
+    constexpr std::array<std::pair<std::string_view, Place>, 9> known{{
         {"brand", Place::brand},
         {"domain", Place::domain},
         {"me", Place::me},
         {"you", Place::you},
         {"today", Place::today},
         {"soon", Place::soon},
+        {"month", Place::month},
+        {"season", Place::season},
         {"year", Place::year},
     }};
     while (!text.empty()) {
@@ -151,6 +161,12 @@ void Template::appendTo(std::string& out, const Filling& filling) const {
                     filling.moment +
                     86400 * static_cast<std::int64_t>(2 + reduced(mixed(filling.key, 977), 12)));
                 break;
+            case Place::month:
+                out += months[(monthOf(filling.moment) + 11) % 12];
+                break;
+            case Place::season:
+                out += seasons[(monthOf(filling.moment) + 1) % 12 / 3];
+                break;
             case Place::year:
                 out += std::to_string(static_cast<int>(dateOf(filling.moment).year()));
                 break;
@@ -174,7 +190,7 @@ bool Template::ascii() const {
 std::string dayAndMonth(std::int64_t moment) {
     const auto date = dateOf(moment);
     return std::to_string(static_cast<unsigned>(date.day())) + ' ' +
-           std::string(months[static_cast<unsigned>(date.month()) - 1]);
+           std::string(months[monthOf(moment)]);
 }
 
 }  // namespace brindlet::sample

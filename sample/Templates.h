@@ -51,7 +51,8 @@ struct Filling {
 
 /// A line of text with places: "{product}" takes a word from the list of that name, "{product2}" a
 /// second one; "{brand}", "{domain}", "{me}" (the sender's first name), "{you}" (the recipient's),
-/// "{today}", "{soon}" (some days later) and "{year}" come from the message itself.
+/// "{today}", "{soon}" (some days later), "{month}" (the one that ended last), "{season}" and
+/// "{year}" come from the message itself.
 class Template {
   public:
     /// A place that nothing is known of stays as it is written, so that a test can find it.
@@ -63,7 +64,7 @@ class Template {
     bool ascii() const;
 
   private:
-    enum class Place { none, word, brand, domain, me, you, today, soon, year };
+    enum class Place { none, word, brand, domain, me, you, today, soon, month, season, year };
     struct Piece {
         std::string literal;
         Place place = Place::none;

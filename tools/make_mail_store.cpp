@@ -97,7 +97,9 @@ int main(int count, char** values) {
     const bool isLong = arguments->options.messages >= 10'000;
     const auto outcome = brindlet::sample::makeMailStore(
         arguments->directory, arguments->options, [&](std::size_t written, std::size_t all) {
-            if (isLong) std::fprintf(stderr, "\r%zu of %zu messages", written, all);
+            constexpr std::size_t often = 5'000;
+            if (isLong && written % often == 0)
+                std::fprintf(stderr, "\r%zu of %zu messages", written, all);
         });
     if (isLong) std::fputc('\n', stderr);
     if (!outcome.problem.empty()) {

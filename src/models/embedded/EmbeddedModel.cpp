@@ -1,1 +1,82 @@
 #include "models/embedded/EmbeddedModel.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+#include "models/embedded/Features.h"
+#include "models/embedded/Labels.h"
+#include "models/embedded/MailText.h"
+#include "models/embedded/Weights.h"
+
+namespace brindlet {
+
+namespace resources {
+extern const std::string_view embedded_model_weights;
+}
+
+struct EmbeddedModel::Parts {
+    Weights weights;
+    FeatureExtractor features;
+};
+
+namespace {
+
+/// Junk is thrown away, so a mere guess that something is junk is not worth saying.
+constexpr float leastJunkProbability = 0.35F;
+
+bool isKnown(const ModelSchema& schema) {
+    if (schema.name != "Label" || schema.properties.size() != 1) return false;
+    const auto& property = schema.properties.front();
+    if (property.name != "category" || property.anyOf.size() != learnedLabels.size() + 1)
+        return false;
+    const auto offered = [&](std::string_view label) {
+        return std::ranges::find(property.anyOf, label) != property.anyOf.end();
+    };
+    return std::ranges::all_of(learnedLabels, offered) && offered(bounceLabel);
+}
+
+/// Mail servers say so at the start of the subject, in these words and letters.
+bool isBounce(std::string_view subject) {
+    static constexpr std::array<std::string_view, 4> starts{
+        "Undeliverable", "Delivery Status Notification", "Returned mail", "Mail delivery failed"};
+    return std::ranges::any_of(starts,
+                               [&](std::string_view start) { return subject.starts_with(start); });
+}
+
+std::string_view bestLabel(const LabelScores& probabilities) {
+    const auto best = std::ranges::max_element(probabilities);
+    const auto label = static_cast<std::size_t>(best - probabilities.begin());
+    if (label < junkLabels && *best < leastJunkProbability) return learnedLabels[cannotTellLabel];
+    return learnedLabels[label];
+}
+
+}  // namespace
+
+EmbeddedModel::EmbeddedModel() : EmbeddedModel(resources::embedded_model_weights) {}
+
+EmbeddedModel::EmbeddedModel(std::string_view weights) {
+    if (const auto opened = Weights::open(weights))
+        parts_ = std::make_unique<const Parts>(Parts{*opened, {}});
+}
+
+EmbeddedModel::~EmbeddedModel() = default;
+
+ModelAvailability EmbeddedModel::availability() const {
+    return parts_ ? ModelAvailability::available : ModelAvailability::unavailable;
+}
+
+std::optional<LanguageModel::Answer> EmbeddedModel::respond(const std::string&,
+                                                            const ModelSchema& schema,
+                                                            const std::string& prompt,
+                                                            const ModelOptions&) {
+    if (!parts_ || !isKnown(schema)) return std::nullopt;
+    const MailText mail = splitPrompt(prompt);
+    const std::string_view label =
+        isBounce(mail.subject)
+            ? bounceLabel
+            : bestLabel(parts_->weights.probabilities(parts_->features.extract(mail)));
+    return Answer{{"category", std::string(label)}};
+}
+
+}  // namespace brindlet

@@ -1,0 +1,188 @@
+#include "models/embedded/PlainText.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "models/embedded/Ascii.h"
+
+namespace brindlet {
+namespace {
+
+/// A word this long made of base64 letters alone is taken for encoded text.
+constexpr std::size_t encodedLineBytes = 56;
+
+int hexValue(char c) {
+    if (ascii::isDigit(c)) return c - '0';
+    // Escapes are written in capitals; "=ad" is far more often a link's parameter.
+    return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+}
+
+int base64Value(char c) {
+    if (ascii::isUpper(c)) return c - 'A';
+    if (ascii::isLower(c)) return c - 'a' + 26;
+    if (ascii::isDigit(c)) return c - '0' + 52;
+    return c == '+' ? 62 : c == '/' ? 63 : -1;
+}
+
+bool isBase64Word(std::string_view word) {
+    return !word.empty() &&
+           std::ranges::all_of(word, [](char c) { return base64Value(c) >= 0 || c == '='; });
+}
+
+bool isEncodedLine(std::string_view word) {
+    return word.size() >= encodedLineBytes && std::ranges::any_of(word, ascii::isUpper) &&
+           std::ranges::any_of(word, ascii::isLower) && std::ranges::any_of(word, ascii::isDigit) &&
+           isBase64Word(word);
+}
+
+bool startsWithIgnoringCase(std::string_view word, std::string_view lowerCased) {
+    return word.size() >= lowerCased.size() &&
+           std::equal(lowerCased.begin(), lowerCased.end(), word.begin(),
+                      [](char a, char b) { return a == ascii::lower(b); });
+}
+
+/// "--" and then a token with some digits in it, as mail programs invent them.
+bool isBoundary(std::string_view word) {
+    return word.starts_with("--") && word.size() >= 12 &&
+           std::ranges::count_if(word, ascii::isDigit) >= 3;
+}
+
+bool isPartParameter(std::string_view word) {
+    static constexpr std::array<std::string_view, 7> names{
+        "charset=", "boundary=", "format=", "delsp=", "name=", "filename=", "reply-type="};
+    return std::ranges::any_of(
+        names, [&](std::string_view name) { return startsWithIgnoringCase(word, name); });
+}
+
+/// The words of a text, split at blanks and control characters.
+class Words {
+  public:
+    explicit Words(std::string_view text) : rest_(text) {}
+
+    bool next(std::string_view& word) {
+        const auto start = std::ranges::find_if_not(rest_, ascii::isControlOrBlank);
+        const auto end = std::find_if(start, rest_.end(), ascii::isControlOrBlank);
+        word = std::string_view(start, end);
+        rest_ = std::string_view(end, rest_.end());
+        return !word.empty();
+    }
+
+  private:
+    std::string_view rest_;
+};
+
+/// Decodes base64 digits and wipes the tags of what comes out.
+class EncodedRun {
+  public:
+    void add(std::string_view word) {
+        for (const char c : word) {
+            const int value = base64Value(c);
+            if (value < 0) continue;
+            bits_ = (bits_ << 6 | static_cast<std::uint32_t>(value)) & 0xFFFF;
+            count_ += 6;
+            if (count_ < 8) continue;
+            count_ -= 8;
+            put(static_cast<char>(bits_ >> count_ & 0xFF));
+        }
+    }
+    const std::string& text() const { return text_; }
+
+  private:
+    void put(char c) {
+        if (c == '<') inTag_ = true;
+        if (!inTag_) text_ += ascii::isControlOrBlank(c) ? ' ' : c;
+        if (c != '>' || !inTag_) return;
+        inTag_ = false;
+        text_ += ' ';
+    }
+
+    std::uint32_t bits_ = 0;
+    int count_ = 0;
+    bool inTag_ = false;
+    std::string text_;
+};
+
+/// Appends the word with its escapes decoded; false when it ends in a soft line break, so that the
+/// next word goes on where this one stopped.
+bool appendUnescaped(std::string& out, std::string_view word) {
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (word[i] != '=') {
+            out += word[i];
+            continue;
+        }
+        if (i + 1 == word.size()) return false;
+        const int high = hexValue(word[i + 1]);
+        const int low = i + 2 < word.size() ? hexValue(word[i + 2]) : -1;
+        if (high < 0 || low < 0) {
+            out += '=';
+            continue;
+        }
+        out += static_cast<char>(high * 16 + low);
+        i += 2;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string undressed(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    Words words(text);
+    std::string_view word;
+    bool more = words.next(word);
+    while (more) {
+        if (isBoundary(word) || isPartParameter(word)) {
+            more = words.next(word);
+        } else if (startsWithIgnoringCase(word, "content-") && word.ends_with(':')) {
+            // The value after the name, which goes on for as long as its words end in ";".
+            do more = words.next(word);
+            while (more && word.ends_with(';'));
+            if (more) more = words.next(word);
+        } else if (isEncodedLine(word)) {
+            EncodedRun run;
+            do {
+                run.add(word);
+                more = words.next(word);
+            } while (more && word.size() >= 4 && isBase64Word(word));
+            out += run.text();
+            out += ' ';
+        } else {
+            if (appendUnescaped(out, word)) out += ' ';
+            more = words.next(word);
+        }
+    }
+    return out;
+}
+
+std::string folded(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::string_view rest = text.substr(i);
+        if (static_cast<unsigned char>(text[i]) < 0x80) {
+            out += ascii::lower(text[i]);
+        } else if (rest.starts_with("\xC2\xA0")) {  // no-break space
+            out += ' ';
+            i += 1;
+        } else if (rest.starts_with("\xC2\xAD") || rest.starts_with("\xCD\x8F")) {
+            i += 1;  // soft hyphen, grapheme joiner
+        } else if (rest.size() >= 3 && rest.starts_with("\xE2\x80")) {
+            const auto last = static_cast<unsigned char>(rest[2]);
+            if (last <= 0x8A || last == 0xAF) out += ' ';         // spaces of many widths
+            if (last >= 0x90 && last <= 0x95) out += '-';         // dashes
+            if (last == 0x98 || last == 0x99) out += '\'';        // single quotes
+            if (last >= 0x9C && last <= 0x9F) out += '"';         // double quotes
+            i += 2;                                               // the rest is invisible
+        } else if (rest.starts_with("\xEF\xBB\xBF")) {
+            i += 2;  // byte-order mark, in marketing mail a filler
+        } else {
+            out += text[i];
+        }
+    }
+    return out;
+}
+
+}  // namespace brindlet

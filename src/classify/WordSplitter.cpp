@@ -72,7 +72,7 @@ void WordSplitter::splitUnicode(std::string_view subject) {
         const auto cluster = graphemeLength(rest);
         const char* at = rest.data();
         const char32_t c = nextCodePoint(at, rest.data() + rest.size());
-        const bool joins = isLetterOrNumber(c) || c == '\'';
+        const bool joins = isLetterOrNumber(c) || (c == '\'' && cluster == 1);
         if (!joins) endWord();
         rest.remove_prefix(cluster);
         if (!joins) start = rest.data();

@@ -137,7 +137,8 @@ std::optional<Target> fullest(const MailStore& mail) {
     return best;
 }
 
-int main(const std::string& sample, double slack, int scans) {
+int main(const std::string& sample, int scans) {
+    const double slack = strictness().slack;
     doubles::World world;
     WatchedLoop loop;
     RealClock clock;
@@ -232,9 +233,8 @@ int main(const std::string& sample, double slack, int scans) {
 
 int main(int count, char** values) {
     if (count < 2) {
-        std::fprintf(stderr, "usage: scan_bench HOME [SLACK [SCANS]]\n");
+        std::fprintf(stderr, "usage: scan_bench HOME [SCANS]\n");
         return 2;
     }
-    return brindlet::bench::main(values[1], count > 2 ? std::atof(values[2]) : 1.0,
-                                 count > 3 ? std::atoi(values[3]) : 3);
+    return brindlet::bench::main(std::filesystem::absolute(values[1]), count > 2 ? std::atoi(values[2]) : 3);
 }

@@ -1,5 +1,7 @@
 #include <simdjson.h>
 
+#include <algorithm>
+#include <cstring>
 #include <limits>
 #include <vector>
 

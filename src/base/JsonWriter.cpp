@@ -1,5 +1,8 @@
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 #include "base/Json.h"
 

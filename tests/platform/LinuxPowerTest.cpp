@@ -51,7 +51,8 @@ TEST(LinuxPower, IsNotOnBatteryWhereNothingIsKnown) {
     EXPECT_FALSE(onBatteryWith({{"BAT0", {{"type", "Battery"}}}}));
 }
 
-/// An end of a pipe, which tells by the other end whether it was closed.
+/// A descriptor to give away, its other end telling when it was closed. What a request's thread
+/// touches it shares with the test, since it may outlive it.
 struct Pipe {
     int ends[2] = {-1, -1};
     Pipe() { EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0); }
@@ -74,16 +75,19 @@ struct Pipe {
 
 TEST(KeepAwake, LastsAsLongAsItsToken) {
     const Pipe pipe;
-    Gate asked;
-    Locked<std::string> said;
-    LinuxPower power("", [&](const std::string& reason) {
-        said.set(reason);
-        asked.raise();
-        return pipe.ends[1];
+    struct Asked {
+        Gate gate;
+        Locked<std::string> reason;
+    };
+    const auto asked = std::make_shared<Asked>();
+    LinuxPower power("", [asked, end = pipe.ends[1]](const std::string& reason) {
+        asked->reason.set(reason);
+        asked->gate.raise();
+        return end;
     });
     auto activity = power.keepAwake("Sorting mail");
-    asked.waitFor(1);
-    EXPECT_EQ(said.get(), "Sorting mail");
+    asked->gate.waitFor(1);
+    EXPECT_EQ(asked->reason.get(), "Sorting mail");
     EXPECT_TRUE(pipe.open());
     activity.reset();
     pipe.waitForClose();
@@ -102,14 +106,14 @@ TEST(KeepAwake, AnAnswerThatComesAfterTheEndIsGivenBack) {
 }
 
 TEST(KeepAwake, WithoutAnAnswerItDoesNothing) {
-    Gate asked;
-    LinuxPower power("", [&](const std::string&) {
-        asked.raise();
+    const auto asked = std::make_shared<Gate>();
+    LinuxPower power("", [asked](const std::string&) {
+        asked->raise();
         return -1;
     });
     const auto activity = power.keepAwake("x");
     EXPECT_TRUE(activity);
-    asked.waitFor(1);
+    asked->waitFor(1);
 }
 
 }  // namespace

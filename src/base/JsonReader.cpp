@@ -1,10 +1,9 @@
 #include <simdjson.h>
 
-#include <limits>
 #include <vector>
 
 #include "base/Json.h"
-#include "base/Utf8.h"
+#include "base/JsonScalars.h"
 
 namespace brindlet {
 namespace {
@@ -15,166 +14,6 @@ constexpr std::size_t deepest = 512;
 
 std::string_view trimmedEnd(std::string_view token) {
     return token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-/// A number as its sign, its digits without the point, and the power of ten they are taken by.
-struct Decimal {
-    bool negative = false;
-    std::string digits;
-    std::int64_t exponent = 0;
-};
-
-/// By JSON's grammar; none for anything else. An exponent beyond any double is held at its limit.
-std::optional<Decimal> parseDecimal(std::string_view token) {
-    Decimal decimal;
-    const auto at = [&](std::size_t i) { return i < token.size() ? token[i] : '\0'; };
-    std::size_t i = 0;
-    if (at(0) == '-') {
-        decimal.negative = true;
-        ++i;
-    }
-    if (!isDigit(at(i)) || (at(i) == '0' && isDigit(at(i + 1)))) return std::nullopt;
-    for (; isDigit(at(i)); ++i) decimal.digits += at(i);
-    if (at(i) == '.') {
-        if (!isDigit(at(++i))) return std::nullopt;
-        for (; isDigit(at(i)); ++i) {
-            decimal.digits += at(i);
-            --decimal.exponent;
-        }
-    }
-    if (at(i) == 'e' || at(i) == 'E') {
-        ++i;
-        const bool down = at(i) == '-';
-        if (at(i) == '-' || at(i) == '+') ++i;
-        if (!isDigit(at(i))) return std::nullopt;
-        constexpr std::int64_t limit = 1'000'000'000;
-        std::int64_t power = 0;
-        for (; isDigit(at(i)); ++i)
-            if (power < limit) power = power * 10 + (at(i) - '0');
-        decimal.exponent += down ? -power : power;
-    }
-    if (i != token.size()) return std::nullopt;
-    return decimal;
-}
-
-/// The value as an integer; none when it has a fraction or does not fit.
-std::optional<std::int64_t> wholeNumber(Decimal decimal) {
-    auto& digits = decimal.digits;
-    digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size()));
-    if (digits.empty()) return 0;
-    for (; decimal.exponent < 0; ++decimal.exponent) {
-        if (digits.empty() || digits.back() != '0') return std::nullopt;
-        digits.pop_back();
-    }
-    constexpr std::size_t mostDigits = 19;
-    if (digits.size() + static_cast<std::size_t>(decimal.exponent) > mostDigits)
-        return std::nullopt;
-    digits.append(static_cast<std::size_t>(decimal.exponent), '0');
-    std::uint64_t magnitude = 0;
-    for (const char digit : digits) magnitude = magnitude * 10 + static_cast<unsigned>(digit - '0');
-    constexpr auto most = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-    if (magnitude > most + (decimal.negative ? 1 : 0)) return std::nullopt;
-    return static_cast<std::int64_t>(decimal.negative ? ~magnitude + 1 : magnitude);
-}
-
-/// The first quote or backslash at or after `at`. The text is known to hold a closing quote, and
-/// eight more bytes are readable after its end.
-char* quoteOrBackslash(char* at) {
-    const auto zeroByteIn = [](std::uint64_t word) {
-        return (word - 0x0101010101010101u) & ~word & 0x8080808080808080u;
-    };
-    while (true) {
-        std::uint64_t word;
-        std::memcpy(&word, at, sizeof word);
-        if (zeroByteIn(word ^ 0x2222222222222222u) | zeroByteIn(word ^ 0x5C5C5C5C5C5C5C5Cu)) break;
-        at += sizeof word;
-    }
-    while (*at != '"' && *at != '\\') ++at;
-    return at;
-}
-
-/// Four hexadecimal digits; -1 for anything else.
-int hex4(const char* at) {
-    int code = 0;
-    for (int i = 0; i < 4; ++i) {
-        const char c = at[i];
-        int digit = 0;
-        if (isDigit(c))
-            digit = c - '0';
-        else if (c >= 'a' && c <= 'f')
-            digit = c - 'a' + 10;
-        else if (c >= 'A' && c <= 'F')
-            digit = c - 'A' + 10;
-        else
-            return -1;
-        code = code * 16 + digit;
-    }
-    return code;
-}
-
-/// The code point of the escape whose "u" is at `at`, which moves past it; none for half a
-/// surrogate pair and for what is no number.
-std::optional<char32_t> unicodeEscape(const char*& at) {
-    const int first = hex4(at + 1);
-    if (first < 0) return std::nullopt;
-    at += 5;
-    if (first < 0xD800 || first > 0xDFFF) return static_cast<char32_t>(first);
-    if (first > 0xDBFF || at[0] != '\\' || at[1] != 'u') return std::nullopt;
-    const int second = hex4(at + 2);
-    if (second < 0xDC00 || second > 0xDFFF) return std::nullopt;
-    at += 6;
-    return static_cast<char32_t>(0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00));
-}
-
-/// Unescapes the string whose first character is at `start`, in its own place: the text never gets
-/// longer, and the parser does not come back to it.
-std::optional<std::string_view> unescapeInPlace(char* start) {
-    char* to = quoteOrBackslash(start);
-    const char* from = to;
-    while (*from != '"') {
-        ++from;
-        switch (*from) {
-            case '"':
-            case '\\':
-            case '/':
-                *to++ = *from++;
-                break;
-            case 'b':
-                *to++ = '\b';
-                ++from;
-                break;
-            case 'f':
-                *to++ = '\f';
-                ++from;
-                break;
-            case 'n':
-                *to++ = '\n';
-                ++from;
-                break;
-            case 'r':
-                *to++ = '\r';
-                ++from;
-                break;
-            case 't':
-                *to++ = '\t';
-                ++from;
-                break;
-            case 'u': {
-                const auto codePoint = unicodeEscape(from);
-                if (!codePoint) return std::nullopt;
-                to = putCodePoint(to, *codePoint);
-                break;
-            }
-            default:
-                return std::nullopt;
-        }
-        while (*from != '"' && *from != '\\') *to++ = *from++;
-    }
-    return std::string_view(start, static_cast<std::size_t>(to - start));
 }
 
 }  // namespace
@@ -246,7 +85,7 @@ struct JsonReader::State {
 
     std::string_view unescaped(simdjson::ondemand::raw_json_string raw) {
         const auto offset = raw.raw() - text.data();
-        const auto result = unescapeInPlace(text.data() + offset);
+        const auto result = unescapeJsonInPlace(text.data() + offset);
         if (!result) failed = true;
         return result.value_or(std::string_view());
     }
@@ -309,8 +148,7 @@ std::int64_t JsonReader::integer() {
     std::int64_t whole = 0;
     auto plain = s.atRoot() ? s.document.get_int64() : s.value.get_int64();
     if (std::move(plain).get(whole) == simdjson::SUCCESS) return whole;
-    const auto decimal = parseDecimal(s.token());
-    const auto exact = decimal ? wholeNumber(*decimal) : std::nullopt;
+    const auto exact = wholeJsonNumber(s.token());
     double consumed = 0;
     if (!exact ||
         !s.require(s.atRoot() ? s.document.get_double() : s.value.get_double(), consumed)) {
@@ -362,7 +200,7 @@ void JsonReader::skip() {
             // Left to the parser to step over: it would refuse a number that no double can hold,
             // which is no damage as long as nobody asks for it.
             if (!s.take()) return;
-            if (!parseDecimal(s.token())) s.failed = true;
+            if (!isJsonNumber(s.token())) s.failed = true;
             s.loneNumber = s.atRoot();
     }
 }

@@ -1,6 +1,7 @@
 #include "base/Files.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -93,6 +94,65 @@ TEST_F(FilesTest, ListsAllEntriesButTheDots) {
     EXPECT_EQ(*names, (std::vector<std::string>{".hidden", "file", "sub"}));
     EXPECT_EQ(files::list(path("missing")), std::nullopt);
     EXPECT_EQ(files::list(path("d/file")), std::nullopt);
+}
+
+TEST_F(FilesTest, ReadsAPrefixIntoTheBufferGiven) {
+    make("file", "0123456789");
+    std::string buffer(4, '.');
+    EXPECT_EQ(files::readPrefix(path("file"), buffer), 4u);
+    EXPECT_EQ(buffer, "0123");
+    buffer.assign(12, '.');
+    EXPECT_EQ(files::readPrefix(path("file"), buffer), 10u);
+    EXPECT_EQ(buffer, "0123456789..");
+    EXPECT_EQ(files::readPrefix(path("missing"), buffer), std::nullopt);
+    EXPECT_EQ(files::readPrefix(directories.root(), buffer), 0u);
+    EXPECT_EQ(files::readPrefix(path("file"), {}), 0u);
+}
+
+TEST_F(FilesTest, APrefixOfAPipeThatNobodyWritesIsEmpty) {
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    std::string buffer(4, '.');
+    EXPECT_EQ(files::readPrefix(path("pipe"), buffer), 0u);
+}
+
+TEST_F(FilesTest, WalksAllThatLiesBelowAndFollowsNoLinkButTheRoot) {
+    struct Collector : files::TreeVisitor {
+        std::string at;
+        std::vector<std::string> seen;
+        void directory(const std::string& directory) override { at = directory; }
+        void entry(std::string_view name) override { seen.push_back(at + '/' + std::string(name)); }
+        std::vector<std::string> sorted() {
+            std::sort(seen.begin(), seen.end());
+            return seen;
+        }
+    };
+    files::createDirectories(path("d/.sub/deep"));
+    make("d/.sub/deep/file", "");
+    make("d/file", "");
+    std::filesystem::create_directory_symlink(path("d"), path("d/loop"));
+    std::filesystem::create_directory_symlink(path("d"), path("link"));
+    Collector collector, throughLink, none;
+    EXPECT_TRUE(files::walk(path("d"), collector));
+    EXPECT_EQ(collector.sorted(),
+              (std::vector{path("d/.sub"), path("d/.sub/deep"), path("d/.sub/deep/file"),
+                           path("d/file"), path("d/loop")}));
+    EXPECT_TRUE(files::walk(path("link"), throughLink));
+    EXPECT_EQ(throughLink.seen.size(), 5u);
+    EXPECT_FALSE(files::walk(path("missing"), none));
+    EXPECT_FALSE(files::walk(path("d/file"), none));
+    EXPECT_TRUE(none.seen.empty());
+}
+
+TEST_F(FilesTest, ReplacingLeavesTheOldOrTheNew) {
+    EXPECT_TRUE(files::replace(path("file"), "first"));
+    EXPECT_TRUE(files::replace(path("file"), "second"));
+    EXPECT_EQ(files::read(path("file")), "second");
+    EXPECT_FALSE(files::exists(path("file.new")));
+    EXPECT_FALSE(files::replace(directories.root(), "x"));
+    EXPECT_FALSE(files::exists(directories.root() + ".new"));
+    files::createDirectories(path("file.new"));
+    EXPECT_FALSE(files::replace(path("file"), "third"));
+    EXPECT_EQ(files::read(path("file")), "second");
 }
 
 TEST_F(FilesTest, CopiesForTheOwnerAlone) {

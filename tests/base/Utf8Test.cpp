@@ -58,6 +58,17 @@ TEST(FindIllFormedUtf8, TellsPlaceAndLengthAndGoesOn) {
     EXPECT_EQ(none.length, 0u);
 }
 
+TEST(CodePoints, FromIllFormedBytesAreThoseOfTheRepairedText) {
+    for (const std::string bytes : {"a\xE2\x82"
+                                    "b\xC0\xAFé\xF0\x9F",
+                                    "\x80", "😀\xED\xA0\x80", ""}) {
+        std::string read;
+        for (const char *at = bytes.data(), *const end = at + bytes.size(); at < end;)
+            appendCodePoint(read, nextRepairedCodePoint(at, end));
+        EXPECT_EQ(read, repairedUtf8(bytes)) << testing::PrintToString(bytes);
+    }
+}
+
 TEST(CodePoints, GoThereAndBack) {
     for (char32_t c = 0; c <= 0x10FFFF; c += c < 0x3000 ? 1 : 61) {
         if (c >= 0xD800 && c <= 0xDFFF) continue;

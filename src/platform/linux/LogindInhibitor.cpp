@@ -21,6 +21,7 @@ int inhibitSleep(const std::string& reason) {
     constexpr int patience = 5000;  // milliseconds
     const Held<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, nullptr));
     if (!bus) return -1;
+    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);  // or the bus would take us with it
     // "idle" alone is not enough: some desktops put the machine to sleep by a timer of their own,
     // which asks for "sleep" and looks at nothing else.
     GUnixFDList* list = nullptr;

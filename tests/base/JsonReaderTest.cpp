@@ -1,15 +1,12 @@
-#include "base/Json.h"
-
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <random>
 #include <vector>
 
-#include "base/Utf8.h"
-#include "doubles/Doubles.h"
+#include "base/Json.h"
+#include "base/JsonGrammar.h"
 
 namespace brindlet {
 namespace {
@@ -43,118 +40,6 @@ bool isJson(const std::string& text) {
     in.skip();
     return in.finish();
 }
-
-template <class T>
-std::string written(const T& value) {
-    JsonWriter out;
-    out.value(value);
-    return std::move(out).text();
-}
-
-/// RFC 8259 by plain recursion, as an oracle for `skip`.
-class Grammar {
-  public:
-    explicit Grammar(std::string_view text) : text_(text) {}
-    bool accepts() { return isValidUtf8(text_) && value(0) && (space(), at_ == text_.size()); }
-
-  private:
-    char peek() const { return at_ < text_.size() ? text_[at_] : '\0'; }
-    bool take(char c) {
-        if (at_ >= text_.size() || text_[at_] != c) return false;
-        ++at_;
-        return true;
-    }
-    void space() {
-        while (take(' ') || take('\t') || take('\n') || take('\r')) {
-        }
-    }
-    bool digits() {
-        const auto start = at_;
-        while (peek() >= '0' && peek() <= '9') ++at_;
-        return at_ > start;
-    }
-    bool word(std::string_view literal) {
-        if (text_.substr(at_, literal.size()) != literal) return false;
-        at_ += literal.size();
-        return true;
-    }
-    int hex4() {
-        int code = 0;
-        for (int i = 0; i < 4; ++i) {
-            const char c = peek();
-            if (!std::isxdigit(static_cast<unsigned char>(c))) return -1;
-            code = code * 16 + std::stoi(std::string(1, c), nullptr, 16);
-            ++at_;
-        }
-        return code;
-    }
-    bool string() {
-        if (!take('"')) return false;
-        while (at_ < text_.size()) {
-            const char c = text_[at_++];
-            if (c == '"') return true;
-            if (static_cast<unsigned char>(c) < 0x20) return false;
-            if (c != '\\') continue;
-            if (take('u')) {
-                const int high = hex4();
-                if (high < 0 || (high >= 0xDC00 && high <= 0xDFFF)) return false;
-                if (high < 0xD800 || high > 0xDFFF) continue;
-                if (!take('\\') || !take('u')) return false;
-                const int low = hex4();
-                if (low < 0xDC00 || low > 0xDFFF) return false;
-            } else if (at_ >= text_.size() ||
-                       std::string_view("\"\\/bfnrt").find(text_[at_++]) == std::string::npos) {
-                return false;
-            }
-        }
-        return false;
-    }
-    bool number() {
-        take('-');
-        if (!take('0') && !digits()) return false;
-        if (take('.') && !digits()) return false;
-        if (take('e') || take('E')) {
-            if (!take('+')) take('-');
-            return digits();
-        }
-        return true;
-    }
-    bool value(int depth) {
-        space();
-        switch (peek()) {
-            case '"':
-                return string();
-            case 't':
-                return word("true");
-            case 'f':
-                return word("false");
-            case 'n':
-                return word("null");
-            case '[':
-                ++at_;
-                space();
-                if (take(']')) return true;
-                do
-                    if (!value(depth + 1)) return false;
-                while ((space(), take(',')));
-                return take(']');
-            case '{':
-                ++at_;
-                space();
-                if (take('}')) return true;
-                do {
-                    space();
-                    if (!string() || (space(), !take(':')) || !value(depth + 1)) return false;
-                } while ((space(), take(',')));
-                return take('}');
-            default:
-                return number();
-        }
-    }
-
-    std::string_view text_;
-    std::size_t at_ = 0;
-};
 
 TEST(JsonReader, IntegersAreWholeNumbersHoweverWritten) {
     using Row = std::pair<const char*, std::optional<std::int64_t>>;
@@ -443,122 +328,11 @@ TEST(JsonReader, AgreesWithTheGrammarOnDamagedTexts) {
                     text.resize(at);
             }
         }
-        const bool expected = Grammar(text).accepts();
+        const bool expected = JsonGrammar(text).accepts();
         accepted += expected;
         ASSERT_EQ(isJson(text), expected) << text;
     }
     EXPECT_GT(accepted, 300);
-}
-
-TEST(JsonWriter, WritesCompactly) {
-    JsonWriter out;
-    out.beginObject();
-    out.member("flag", true);
-    out.member("count", 3);
-    out.member("text", "a");
-    out.member("some", std::optional<double>(0.5));
-    out.member("gone", std::optional<std::string>());
-    out.key("list");
-    out.beginArray();
-    out.beginObject();
-    out.endObject();
-    out.beginArray();
-    out.endArray();
-    out.null();
-    out.value(std::int64_t{9007199254740993});
-    out.endArray();
-    out.endObject();
-    EXPECT_EQ(std::move(out).text(), R"({"flag":true,"count":3,"text":"a","some":0.5,)"
-                                     R"("list":[{},[],null,9007199254740993]})");
-}
-
-TEST(JsonWriter, EscapesTheSlashAndWhatJsonDemands) {
-    EXPECT_EQ(written("a/b"), R"("a\/b")");
-    EXPECT_EQ(written("\"\\"), R"("\"\\")");
-    EXPECT_EQ(written("\b\f\n\r\t\x01\x1f"), R"("\b\f\n\r\t\u0001\u001f")");
-    EXPECT_EQ(written(std::string(1, '\0')), R"("\u0000")");
-    EXPECT_EQ(written("é€😀\x7f\u2028"), "\"é€😀\x7f\u2028\"");
-    for (int c = 0; c < 0x20; ++c) {
-        // At each place of a word, since words without escapes are copied as a whole.
-        for (std::size_t at = 0; at < 17; ++at) {
-            std::string text(17, 'x');
-            text[at] = static_cast<char>(c);
-            const auto back = stringFrom(written(text));
-            EXPECT_EQ(back, text) << c << " at " << at;
-            EXPECT_EQ(written(text).find(static_cast<char>(c)), std::string::npos) << c;
-        }
-    }
-}
-
-TEST(JsonWriter, KeysAreEscapedToo) {
-    JsonWriter out;
-    out.beginObject();
-    out.member("a/\"b", 1);
-    out.endObject();
-    EXPECT_EQ(std::move(out).text(), R"({"a\/\"b":1})");
-}
-
-TEST(JsonWriter, DoublesReadBackEqual) {
-    std::vector<double> values = {0.0,
-                                  -0.0,
-                                  0.1,
-                                  1.0 / 3,
-                                  721692800.123456,
-                                  721692800.1234561,
-                                  1.7e9,
-                                  5e-324,
-                                  std::numeric_limits<double>::max(),
-                                  std::numeric_limits<double>::min()};
-    std::mt19937_64 random(11);
-    for (int i = 0; i < 20'000; ++i) {
-        const std::uint64_t bits = random();
-        double value;
-        std::memcpy(&value, &bits, sizeof value);
-        if (std::isfinite(value)) values.push_back(value);
-        values.push_back(7e8 + static_cast<double>(bits >> 11) * 0x1p-30);
-    }
-    for (const double value : values) {
-        const auto text = written(value);
-        const auto back = numberFrom(text);
-        ASSERT_TRUE(back) << text;
-        EXPECT_EQ(*back, value) << text;
-        EXPECT_EQ(std::signbit(*back), std::signbit(value)) << text;
-    }
-    EXPECT_EQ(written(721692800.123456), "721692800.123456");
-    EXPECT_EQ(written(0.1), "0.1");
-    EXPECT_EQ(written(std::numeric_limits<double>::infinity()), "null");
-    EXPECT_EQ(written(std::nan("")), "null");
-}
-
-TEST(JsonWriter, IntegersKeepAllTheirDigits) {
-    EXPECT_EQ(written(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
-    EXPECT_EQ(written(std::numeric_limits<std::int64_t>::max()), "9223372036854775807");
-    EXPECT_EQ(written(std::int64_t{9007199254740993}), "9007199254740993");
-}
-
-TEST(JsonWriter, StreamsIntoAFileInPieces) {
-    const doubles::TemporaryDirectories directories;
-    const auto path = directories.root() + "/big.json";
-    const std::string longText(700'000, '/');
-    JsonWriter collected;
-    files::Writer file(path);
-    {
-        JsonWriter streamed(file);
-        for (JsonWriter* out : {&collected, &streamed}) {
-            out->beginArray();
-            for (int i = 0; i < 50'000; ++i) {
-                out->value("a text of some length");
-                out->value(i);
-            }
-            out->value(longText);
-            out->endArray();
-        }
-    }
-    ASSERT_TRUE(file.finish());
-    const auto bytes = files::read(path);
-    ASSERT_TRUE(bytes);
-    EXPECT_TRUE(*bytes == std::move(collected).text());
-    EXPECT_TRUE(isJson(*bytes));
 }
 
 }  // namespace

@@ -95,6 +95,8 @@ class JsonWriter {
     /// JSON knows no infinity and no NaN: they are written as null.
     void value(double number);
     void null();
+    /// A value that is JSON already, as `text` gives it.
+    void json(std::string_view value) { literal(value); }
     template <class T>
     void member(std::string_view name, const T& content) {
         key(name);

@@ -7,7 +7,11 @@
 namespace brindlet {
 namespace {
 
+/// The tables are asked only where the answer is not plain from the block.
 int breakClass(char32_t c) {
+    const bool hangul = c >= 0xAC00 && c < 0xD7A4;  // whose syllables join their own jamo
+    if (isPlainLetter(c) && !hangul) return U_GCB_OTHER;
+    if (c >= 0x300 && c < 0x370) return U_GCB_EXTEND;
     return u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_GRAPHEME_CLUSTER_BREAK);
 }
 
@@ -50,24 +54,30 @@ std::size_t graphemeLength(std::string_view text) {
     if (breaksAlone(before)) return static_cast<std::size_t>(at - text.data());
     // Two things reach back beyond one code point: an emoji sequence over its extenders (GB11), and
     // regional indicators, which pair up from the left (GB12).
-    bool emojiOpen = isPictographic(c);
+    char32_t emoji = c;
     bool emojiJoined = false;
-    bool oddRegional = before == U_GCB_REGIONAL_INDICATOR;
+    bool regionalsPaired = false;
     while (at < end) {
         const char* const here = at;
         c = nextRepairedCodePoint(at, end);
         const int after = breakClass(c);
-        const bool extends =
-            after == U_GCB_EXTEND || after == U_GCB_ZWJ || after == U_GCB_SPACING_MARK;
-        const bool joins = !breaksAlone(after) &&
-                           (extends || before == U_GCB_PREPEND || joinsHangul(before, after) ||
-                            (emojiJoined && isPictographic(c)) ||
-                            (oddRegional && before == U_GCB_REGIONAL_INDICATOR &&
-                             after == U_GCB_REGIONAL_INDICATOR));
-        if (!joins) return static_cast<std::size_t>(here - text.data());
-        oddRegional = after == U_GCB_REGIONAL_INDICATOR && !(oddRegional && before == after);
-        emojiJoined = emojiOpen && after == U_GCB_ZWJ;
-        emojiOpen = isPictographic(c) || (emojiOpen && after == U_GCB_EXTEND);
+        if (after == U_GCB_EXTEND) {
+            emojiJoined = false;
+        } else if (after == U_GCB_ZWJ) {
+            emojiJoined = isPictographic(emoji);
+            emoji = c;
+        } else {
+            const bool regionals = before == U_GCB_REGIONAL_INDICATOR && after == before;
+            const bool joins = after == U_GCB_SPACING_MARK ||
+                               (!breaksAlone(after) &&
+                                (before == U_GCB_PREPEND || joinsHangul(before, after) ||
+                                 (regionals && !regionalsPaired) ||
+                                 (emojiJoined && isPictographic(c))));
+            if (!joins) return static_cast<std::size_t>(here - text.data());
+            regionalsPaired = regionals;
+            emoji = c;
+            emojiJoined = false;
+        }
         before = after;
     }
     return text.size();

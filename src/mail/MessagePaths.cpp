@@ -5,6 +5,9 @@
 namespace brindlet {
 namespace {
 
+constexpr int pageBits = 4;
+constexpr std::size_t pageSize = std::size_t{1} << pageBits;
+
 constexpr std::string_view wholeEnding = ".emlx";
 constexpr std::string_view partialEnding = ".partial.emlx";
 
@@ -48,51 +51,61 @@ void MessagePaths::add(std::uint32_t directory, std::string_view fileName) {
     std::int64_t id = 0;
     const std::string_view ending = fileName.substr(plainNumber(fileName, id));
     if (ending.size() < fileName.size() && ending == wholeEnding) {
-        put({id, directory, whole});
+        put(id, {directory, whole});
     } else if (ending.size() < fileName.size() && ending == partialEnding) {
-        put({id, directory, partial});
+        put(id, {directory, partial});
     } else if (const auto unusual = idOfFileName(fileName)) {
-        put({*unusual, directory, static_cast<std::uint32_t>(names_.size())});
+        put(*unusual, {directory, static_cast<std::uint32_t>(names_.size())});
         names_.append(fileName).push_back('\0');
     }
 }
 
-/// Neighbouring ids lie in one folder and come one after another, so they get neighbouring slots;
-/// only the blocks of 65,536 are scattered.
-std::size_t MessagePaths::slotOf(const std::vector<Entry>& table, std::int64_t id) {
-    const auto bits = static_cast<std::uint64_t>(id);
+std::size_t MessagePaths::slotOf(const std::vector<Page>& table, std::int64_t number) {
     const std::size_t mask = table.size() - 1;
-    std::size_t slot = (bits + (bits >> 16) * 0x9E3779B97F4A7C15u) & mask;
-    while (table[slot].name != none && table[slot].id != id) slot = (slot + 1) & mask;
+    auto slot = static_cast<std::uint64_t>(number) * 0x9E3779B97F4A7C15u >> 32 & mask;
+    while (table[slot].start != none && table[slot].number != number) slot = (slot + 1) & mask;
     return slot;
 }
 
 void MessagePaths::grow() {
-    std::vector<Entry> larger(table_.empty() ? 1024 : table_.size() * 2);
-    for (const Entry& entry : table_)
-        if (entry.name != none) larger[slotOf(larger, entry.id)] = entry;
-    table_ = std::move(larger);
+    std::vector<Page> larger(pages_.empty() ? 64 : pages_.size() * 2);
+    for (const Page& page : pages_)
+        if (page.start != none) larger[slotOf(larger, page.number)] = page;
+    pages_ = std::move(larger);
 }
 
-void MessagePaths::put(Entry entry) {
-    if (size_ * 4 >= table_.size() * 3) grow();
-    Entry& slot = table_[slotOf(table_, entry.id)];
-    if (slot.name == none) ++size_;
-    slot = entry;
+void MessagePaths::put(std::int64_t id, Place place) {
+    if (pageCount_ * 2 >= pages_.size()) grow();
+    Page& page = pages_[slotOf(pages_, id >> pageBits)];
+    if (page.start == none) {
+        page = {id >> pageBits, static_cast<std::uint32_t>(places_.size())};
+        places_.resize(places_.size() + pageSize);
+        ++pageCount_;
+    }
+    Place& present = places_[page.start + (static_cast<std::uint64_t>(id) & (pageSize - 1))];
+    if (present.name == none) ++size_;
+    present = place;
+}
+
+const MessagePaths::Place* MessagePaths::placeOf(std::int64_t id) const {
+    if (pages_.empty()) return nullptr;
+    const Page& page = pages_[slotOf(pages_, id >> pageBits)];
+    if (page.start == none) return nullptr;
+    const Place& place = places_[page.start + (static_cast<std::uint64_t>(id) & (pageSize - 1))];
+    return place.name == none ? nullptr : &place;
 }
 
 bool MessagePaths::find(std::int64_t id, std::string& path) const {
-    if (table_.empty()) return false;
-    const Entry& entry = table_[slotOf(table_, id)];
-    if (entry.name == none) return false;
-    path = directories_[entry.directory];
+    const Place* const place = placeOf(id);
+    if (!place) return false;
+    path = directories_[place->directory];
     path += '/';
-    if (entry.name == whole)
+    if (place->name == whole)
         path.append(std::to_string(id)).append(wholeEnding);
-    else if (entry.name == partial)
+    else if (place->name == partial)
         path.append(std::to_string(id)).append(partialEnding);
     else
-        path += names_.c_str() + entry.name;
+        path += names_.c_str() + place->name;
     return true;
 }
 

@@ -11,7 +11,7 @@ namespace brindlet {
 /// From a message's row id to the full path of its file: a value, filled once and then only read.
 ///
 /// A path is kept as its directory's number and what the file name adds to the id, which for nearly
-/// every file is nothing; so an entry takes 16 bytes, whatever the depth of the folders.
+/// every file is nothing; so a message takes about ten bytes, whatever the depth of the folders.
 class MessagePaths {
   public:
     /// The number of a message file's name: without every ".emlx" and then every ".partial" in it,
@@ -32,22 +32,29 @@ class MessagePaths {
 
   private:
     /// `name` is one of the two usual forms, or where in `names_` an unusual name starts.
-    struct Entry {
-        std::int64_t id = 0;
+    struct Place {
         std::uint32_t directory = 0;
         std::uint32_t name = none;
+    };
+    /// A page holds the places of neighbouring ids, which mostly are all there.
+    struct Page {
+        std::int64_t number = 0;
+        std::uint32_t start = none;  // in `places_`
     };
     static constexpr std::uint32_t none = UINT32_MAX;
     static constexpr std::uint32_t whole = UINT32_MAX - 1;
     static constexpr std::uint32_t partial = UINT32_MAX - 2;
 
-    static std::size_t slotOf(const std::vector<Entry>& table, std::int64_t id);
+    static std::size_t slotOf(const std::vector<Page>& table, std::int64_t number);
+    const Place* placeOf(std::int64_t id) const;
+    void put(std::int64_t id, Place place);
     void grow();
-    void put(Entry entry);
 
     std::vector<std::string> directories_;
     std::string names_;  // unusual names, each with a NUL after it
-    std::vector<Entry> table_;
+    std::vector<Place> places_;
+    std::vector<Page> pages_;  // by hash of the number; a power of two in size
+    std::size_t pageCount_ = 0;
     std::size_t size_ = 0;
 };
 

@@ -100,22 +100,24 @@ class Scan {
           out_(static_cast<std::size_t>(limit_) + 8, '\0') {}
 
     std::string run() {
-        while (at_ < raw_.size() && steps_ < mostSteps && written_ < limit_) {
-            takePlainRun();
-            if (at_ < raw_.size() && steps_ < mostSteps && written_ < limit_) takeOne();
+        while (hasRoom()) {
+            if (isAsciiAt(raw_, at_))
+                takeAscii();
+            else
+                takeLetters();
+            if (hasRoom()) takeOne();
         }
-        out_.resize(size_);
-        if (!isValidUtf8(out_)) out_ = repairedUtf8(out_);
-        return std::string(trimBlanks(out_));
+        return std::string(trimBlanks({out_.data(), size_}));
     }
 
   private:
-    /// ASCII text and white space, up to the first byte that needs a closer look. The last byte of
-    /// the text always does, as nothing follows it.
-    void takePlainRun() {
-        const auto budget =
-            static_cast<std::size_t>(std::min(limit_ - written_, mostSteps - steps_));
-        const std::size_t stop = at_ + std::min(budget, raw_.size() - 1 - at_);
+    bool hasRoom() const { return at_ < raw_.size() && steps_ < mostSteps && written_ < limit_; }
+
+    /// ASCII text and white space, up to the first byte that needs a closer look. One that is not
+    /// followed by ASCII does: what comes may join it, and of the last byte nothing is known.
+    void takeAscii() {
+        const auto room = static_cast<std::size_t>(std::min(limit_ - written_, mostSteps - steps_));
+        const std::size_t stop = at_ + std::min(room, raw_.size() - 1 - at_);
         const char* const text = raw_.data();
         char* const out = out_.data();
         std::size_t at = at_;
@@ -139,6 +141,29 @@ class Scan {
         lastWasBlank_ = blank;
     }
 
+    /// Plain letters, for as long as the next character is plain too or ASCII.
+    void takeLetters() {
+        std::size_t length = letterLength(at_);
+        while (length > 0 && hasRoom()) {
+            const std::size_t next = at_ + length;
+            if (next == raw_.size()) return;
+            const std::size_t nextLength = isAsciiAt(raw_, next) ? 0 : letterLength(next);
+            if (nextLength == 0 && !isAsciiAt(raw_, next)) return;
+            write(raw_.substr(at_, length));
+            ++steps_;
+            at_ = next;
+            length = nextLength;
+        }
+    }
+
+    /// The byte length of the plain letter at a place that is not ASCII; 0 when it is none.
+    std::size_t letterLength(std::size_t at) const {
+        const char* const start = raw_.data() + at;
+        const char* end = start;
+        if (!isPlainLetter(nextRepairedCodePoint(end, raw_.data() + raw_.size()))) return 0;
+        return static_cast<std::size_t>(end - start);
+    }
+
     /// One character, or the tag or entity that it starts.
     void takeOne() {
         ++steps_;
@@ -151,10 +176,13 @@ class Scan {
             writeBlank();
         } else {
             const char* first = raw_.data() + at_;
+            const std::string_view character = raw_.substr(at_, length);
             if (isWhiteSpace(nextRepairedCodePoint(first, raw_.data() + raw_.size())))
                 writeBlank();
+            else if (isValidUtf8(character))
+                write(character);
             else
-                write(raw_.substr(at_, length));
+                write(repairedUtf8(character));
             at_ += length;
         }
     }

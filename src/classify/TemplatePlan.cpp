@@ -105,6 +105,9 @@ class Planner {
         numbers_.clear();
         ends_.clear();
         tallies_.clear();
+        constexpr std::size_t usualWords = 8;
+        numbers_.reserve(usualWords * group.size());
+        ends_.reserve(group.size());
         const auto* subject = subjects_.data() + (group.data() - groups_.indices().data());
         const auto* const end = subjects_.data() + subjects_.size();
         for (std::uint32_t position = 0; position < group.size(); ++position) {
@@ -120,7 +123,7 @@ class Planner {
                 ++tally.subjects;
                 tally.lastSubject = position;
             }
-            ends_.push_back(numbers_.size());
+            ends_.push_back(static_cast<std::uint32_t>(numbers_.size()));
         }
     }
 
@@ -128,6 +131,8 @@ class Planner {
         skeletons_.clear();
         skeletonOf_.clear();
         withSkeleton_.clear();
+        skeletonOf_.reserve(group.size());
+        withSkeleton_.reserve(group.size());
         std::size_t at = 0;
         for (std::size_t position = 0; position < group.size(); ++position) {
             skeleton_.clear();
@@ -185,7 +190,7 @@ class Planner {
     std::vector<Tally> tallies_;
     /// The subjects' words by number, one subject after another, and where each subject ends.
     Numbers numbers_;
-    std::vector<std::size_t> ends_;
+    Numbers ends_;
     Numbers skeleton_;
     Interner skeletons_;
     /// The messages that have a skeleton, and beside each its skeleton's number.

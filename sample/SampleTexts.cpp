@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "sample/MimeText.h"
+
 namespace brindlet::resources {
 extern const std::string_view sampleWords;
 extern const std::string_view sampleContacts;
@@ -59,11 +61,6 @@ std::uint64_t numberFrom(std::string_view text) {
     for (const char c : text)
         if (c >= '0' && c <= '9') number = number * 10 + static_cast<std::uint64_t>(c - '0');
     return number;
-}
-
-bool isAscii(std::string_view text) {
-    return std::none_of(text.begin(), text.end(),
-                        [](char c) { return static_cast<unsigned char>(c) > 127; });
 }
 
 }  // namespace

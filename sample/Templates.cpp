@@ -180,13 +180,6 @@ std::string Template::filled(const Filling& filling) const {
     return text;
 }
 
-bool Template::ascii() const {
-    for (const Piece& piece : pieces_)
-        for (const char c : piece.literal)
-            if (static_cast<unsigned char>(c) > 127) return false;
-    return true;
-}
-
 std::string dayAndMonth(std::int64_t moment) {
     const auto date = dateOf(moment);
     return std::to_string(static_cast<unsigned>(date.day())) + ' ' +

@@ -60,8 +60,6 @@ class Template {
 
     void appendTo(std::string& out, const Filling& filling) const;
     std::string filled(const Filling& filling) const;
-    /// True when the template's own text is ASCII; words from lists are not looked at.
-    bool ascii() const;
 
   private:
     enum class Place { none, word, brand, domain, me, you, today, soon, month, season, year };

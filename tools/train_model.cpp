@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "base/Files.h"
-#include "models/training/TrainingTexts.h"
 #include "models/training/Trainer.h"
+#include "models/training/TrainingTexts.h"
 
 namespace {
 

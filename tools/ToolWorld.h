@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/Directories.h"
+#include "platform/Services.h"
+#include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/LinuxPower.h"
+#include "platform/linux/SystemClock.h"
+#include "platform/linux/SystemLocale.h"
+#include "platform/linux/XdgDesktop.h"
+#include "platform/posix/RunLoop.h"
+
+namespace brindlet::tools {
+
+/// A home that the caller names, a temporary folder of the tool's own, removed at the end, and a
+/// store in it unless one is named: a tool never touches the person's own.
+class ToolDirectories : public Directories {
+  public:
+    ToolDirectories(std::string home, std::optional<std::string> store);
+    ~ToolDirectories() override;
+
+    std::string home() const override { return home_; }
+    std::string temporary() const override { return temporary_; }
+    std::string store() const override;
+
+  private:
+    std::string home_;
+    std::string temporary_;
+    std::string store_;
+};
+
+/// What a tool runs over: the real adapters, but settings in memory.
+struct ToolWorld {
+    ToolWorld(std::string home, std::optional<std::string> store)
+        : directories(std::move(home), std::move(store)) {}
+
+    SystemClock clock;
+    ToolDirectories directories;
+    RunLoop loop;
+    FileUserDefaults defaults;
+    LinuxPower power;
+    XdgDesktop desktop;
+    SystemLocale locale;
+
+    /// The model must outlive what is built over the services.
+    Services services(LanguageModel& model) {
+        return {clock, directories, loop, defaults, model, power, desktop, locale};
+    }
+};
+
+}  // namespace brindlet::tools

@@ -73,7 +73,8 @@ class Classifier {
     std::optional<Event> event(std::string_view subject) const;
     static bool sameEvent(const Event& a, const Event& b);
     /// The indices of the candidates that tell of the same event. One model call a subject, one
-    /// after another; on cancellation, what has been found so far.
+    /// after another, so it belongs on a task of utility priority; on cancellation, what has been
+    /// found so far.
     std::set<std::size_t> kinIndices(std::string_view reference,
                                      const std::vector<std::string>& candidates,
                                      const CancelToken& token) const;

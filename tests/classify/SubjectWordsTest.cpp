@@ -29,6 +29,8 @@ TEST(SubjectWords, AreLowerCasedRunsOfLettersNumbersAndApostrophes) {
         {"E\u0301te\u0301 x", {"e\u0301te\u0301", "x"}},
         // A mark without a letter joins what stands before it, here a blank.
         {"a \u0301b", {"a", "b"}},
+        // An accented apostrophe is no straight one.
+        {"a'\u0301b", {"a", "b"}},
         {"\u0393\u0395\u0399\u0391 \u03a3\u039f\u03a6\u039f\u03a3",
          {"\u03b3\u03b5\u03b9\u03b1", "\u03c3\u03bf\u03c6\u03bf\u03c2"}},
         {"\u0130stanbul", {"i\u0307stanbul"}},

@@ -4,48 +4,13 @@
 #include <array>
 #include <numeric>
 
+#include "sample/FamilyChoice.h"
+#include "sample/MessageHeader.h"
 #include "sample/Quantiles.h"
 #include "sample/Random.h"
 
 namespace brindlet::sample {
 namespace {
-
-constexpr std::array<std::string_view, 10> categories{
-    "advertisingOrPromotion",
-    "newsletterOrDigest",
-    "socialMediaBlast",
-    "receiptOrOrderOrShipping",
-    "billOrPayment",
-    "securityCodeOrSignInAlert",
-    "accountWelcomeOrInvitation",
-    "personalMessageOrReminder",
-    "deliveryFailureBounce",
-    "cannotTell",
-};
-
-/// How many of a hundred messages of a folder are of each category, in the order above.
-constexpr std::array<int, 10> sharesOf(Mix mix) {
-    switch (mix) {
-        case Mix::inbox:
-            return {22, 19, 13, 12, 7, 7, 4, 13, 1, 2};
-        case Mix::junk:
-            return {68, 12, 4, 4, 2, 3, 1, 3, 2, 1};
-        case Mix::archive:
-            return {2, 6, 1, 30, 20, 4, 6, 28, 1, 2};
-        case Mix::trash:
-            return {38, 24, 20, 6, 3, 4, 2, 2, 1, 0};
-        case Mix::project:
-            return {0, 0, 0, 3, 0, 0, 4, 90, 0, 3};
-        case Mix::work:
-            return {6, 12, 3, 4, 3, 6, 8, 52, 3, 3};
-        case Mix::mailingList:
-            return {5, 95, 0, 0, 0, 0, 0, 0, 0, 0};
-        case Mix::sent:
-        case Mix::drafts:
-            break;
-    }
-    return {0, 0, 0, 0, 0, 0, 0, 100, 0, 0};
-}
 
 struct TroubleShare {
     Trouble trouble;
@@ -66,9 +31,6 @@ constexpr std::array<TroubleShare, 9> troubles{{
 
 bool keepsOldMail(Mix mix) {
     return mix == Mix::archive || mix == Mix::project;
-}
-bool writtenByOwner(Mix mix) {
-    return mix == Mix::sent || mix == Mix::drafts;
 }
 
 /// Makes the messages one by one; what concerns all of them together is shared out afterwards.
@@ -121,7 +83,7 @@ class Planner {
         else if (allMail && random.chance(10))
             mix = Mix::drafts;
 
-        chooseFamily(message, mix, random);
+        message.family = &chooseFamily(texts_, mix, random);
         choosePeople(message, mix, account, random);
         chooseMoment(message, mix, random);
         const Filling filling{texts_.words(), message.key, message.sender,
@@ -134,7 +96,7 @@ class Planner {
             message.subjectPrefix = "Re: ";
         else if (fromContact && random.chance(50))
             message.subjectPrefix = "Fwd: ";
-        message.messageId = makeMessageId(message, random);
+        message.messageId = makeMessageId(message.sender, message.dateSent, random);
         message.flags.read = mix != Mix::inbox || random.chance(600);
         message.flags.flagged = random.chance(20);
         message.flags.remoteId = static_cast<std::int64_t>(plan_.messages.size()) + 101;
@@ -142,37 +104,6 @@ class Planner {
         if (random.chance(30)) message.kind = FileKind::partial;
         if (allMail) chooseLabels(message, mix, random);
         plan_.messages.push_back(std::move(message));
-    }
-
-    void chooseFamily(PlannedMessage& message, Mix mix, Random& random) const {
-        const auto shares = sharesOf(mix);
-        auto at = static_cast<int>(random.below(100));
-        std::size_t category = 0;
-        while (at >= shares[category]) at -= shares[category++];
-        const bool foreign = random.chance(140);
-
-        std::vector<std::pair<const Family*, std::uint64_t>> choices;
-        std::uint64_t total = 0;
-        for (const bool sameTongue : {true, false}) {
-            for (const Family& family : texts_.families()) {
-                if (family.category != categories[category]) continue;
-                if (sameTongue && family.ascii == foreign) continue;
-                if (writtenByOwner(mix) && !family.fromContact()) continue;
-                std::uint64_t weight = family.weight;
-                if (family.marked("scam")) weight = mix == Mix::junk ? weight * 8 : 1;
-                if (family.marked("work") && mix == Mix::work) weight *= 8;
-                choices.emplace_back(&family, weight);
-                total += weight;
-            }
-            // A category without a family in the tongue takes one in the other.
-            if (!choices.empty()) break;
-        }
-        std::uint64_t chosen = random.below(total);
-        for (const auto& [family, weight] : choices) {
-            message.family = family;
-            if (chosen < weight) return;
-            chosen -= weight;
-        }
     }
 
     const Person& anyContact(bool atWork, Random& random) const {
@@ -225,28 +156,6 @@ class Planner {
             static_cast<std::int64_t>(random.below(static_cast<std::uint64_t>(most - least) + 1));
         message.flags.dateReceived =
             message.dateSent + static_cast<std::int64_t>(random.between(1, 90));
-    }
-
-    static std::string makeMessageId(const PlannedMessage& message, Random& random) {
-        constexpr std::string_view digits = "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQ";
-        const auto some = [&](std::size_t count, std::size_t base) {
-            std::string text;
-            for (std::size_t i = 0; i < count; ++i) text += digits[random.below(base)];
-            return text;
-        };
-        const std::string host(message.sender.domain());
-        switch (random.below(5)) {
-            case 0:
-                return identifierFor(some(16, 16)) + '@' + host;
-            case 1:
-                return std::to_string(message.dateSent) + '.' + some(12, 10) + "@mail." + host;
-            case 2:
-                return "CA+" + some(24, digits.size()) + '=' + some(8, 36) + "@mail." + host;
-            case 3:
-                return some(32, 16) + '-' + some(8, 10) + "-000000@" + host;
-            default:
-                return some(10, 36) + '$' + some(6, 16) + "/%" + some(4, 10) + '@' + host;
-        }
     }
 
     void chooseLabels(PlannedMessage& message, Mix mix, Random& random) const {

@@ -7,50 +7,13 @@
 #include "sample/MessageParts.h"
 #include "sample/MimeText.h"
 #include "sample/Random.h"
+#include "sample/TextEncoding.h"
 
 namespace brindlet::sample {
 namespace {
 
 constexpr std::size_t attachmentLine = 77;
 constexpr std::size_t plistSize = 520;
-
-/// How a message's texts are carried.
-enum class Transfer { sevenBit, eightBit, quotedPrintable, base64 };
-
-struct Encoding {
-    std::string_view charset;
-    Transfer transfer;
-};
-
-std::string_view transferName(Transfer transfer) {
-    switch (transfer) {
-        case Transfer::sevenBit:
-            return "7bit";
-        case Transfer::eightBit:
-            return "8bit";
-        case Transfer::quotedPrintable:
-            return "quoted-printable";
-        case Transfer::base64:
-            break;
-    }
-    return "base64";
-}
-
-/// Three quarters of what is not ASCII comes as raw bytes, a third of them ISO-8859-1.
-Encoding chooseEncoding(bool ascii, bool fitsLatin1, Random& random) {
-    const std::uint64_t choice = random.below(100);
-    if (ascii) {
-        if (choice < 78) return {"us-ascii", Transfer::sevenBit};
-        if (choice < 94) return {"utf-8", Transfer::quotedPrintable};
-        if (choice < 98) return {"utf-8", Transfer::base64};
-        return {"utf-8", Transfer::eightBit};
-    }
-    if (choice < 25 && fitsLatin1) return {"iso-8859-1", Transfer::eightBit};
-    if (choice < 75) return {"utf-8", Transfer::eightBit};
-    if (choice < 85) return {"utf-8", Transfer::quotedPrintable};
-    if (choice < 90 && fitsLatin1) return {"iso-8859-1", Transfer::quotedPrintable};
-    return {"utf-8", Transfer::base64};
-}
 
 std::string_view attachmentName(std::string_view category, std::uint64_t choice) {
     constexpr std::array<std::string_view, 3> papers{"statement.pdf", "invoice.pdf", "terms.pdf"};
@@ -89,7 +52,7 @@ struct MessageComposer::Build {
     Random random;
     Letter letter;
     Filler filler;
-    Encoding encoding{};
+    TextEncoding encoding{};
     Attachment attachment{};
     std::string boundary;
 
@@ -139,21 +102,6 @@ struct MessageComposer::Build {
         add(family.endings, random.below(family.endings.size()));
     }
 
-    std::string encoded(std::string text) const {
-        if (encoding.charset == "iso-8859-1")
-            if (auto bytes = latin1(text)) text = *std::move(bytes);
-        switch (encoding.transfer) {
-            case Transfer::quotedPrintable:
-                return quotedPrintable(text);
-            case Transfer::base64:
-                return base64Lines(text);
-            case Transfer::sevenBit:
-            case Transfer::eightBit:
-                break;
-        }
-        return text;
-    }
-
     void appendTextHeader(std::string_view type) {
         out.append("Content-Type: text/").append(type).append("; charset=\"");
         out.append(encoding.charset).append("\"\nContent-Transfer-Encoding: ");
@@ -168,7 +116,7 @@ struct MessageComposer::Build {
         const std::string text = type == "html" ? htmlPart(letter, filler, composer.texts_.style(),
                                                            encoding.charset, size)
                                                 : wrapped(plainPart(letter, filler, size), "");
-        out += encoded(text);
+        out += encoded(text, encoding);
     }
 
     void appendTexts(std::size_t size) {

@@ -30,25 +30,32 @@ std::string addressText(const Person& person) {
     return text + " <" + person.address + '>';
 }
 
+std::string serverName(const std::string& domain, Random& random) {
+    return "mta" + std::to_string(random.between(1, 40)) + '.' + domain;
+}
+
 void appendReceived(std::string& out, const PlannedMessage& message, Random& random, int hop) {
     const std::string domain(message.sender.domain());
-    out += "Received: from mta" + std::to_string(random.between(1, 40)) + "." + domain + " (mta" +
-           std::to_string(random.between(1, 40)) + "." + domain + " [203.0.113." +
-           std::to_string(random.between(2, 250)) + "])\n\tby mx" +
-           std::to_string(random.between(1, 9)) + ".fernhill.example (Postbox) with ESMTPS id " +
-           token(random.next(), 16) + "\n\tfor <" + message.recipients.front().address + ">; " +
-           headerDate(message.dateSent + 3 - hop, 0) + '\n';
+    const std::string greeting = serverName(domain, random);
+    const std::string server = serverName(domain, random);
+    const std::string address = std::to_string(random.between(2, 250));
+    const std::string receiver = std::to_string(random.between(1, 9));
+    const std::string number = token(random.next(), 16);
+    out += "Received: from " + greeting + " (" + server + " [203.0.113." + address + "])\n\tby mx" +
+           receiver + ".fernhill.example (Postbox) with ESMTPS id " + number + "\n\tfor <" +
+           message.recipients.front().address + ">; " + headerDate(message.dateSent + 3 - hop, 0) +
+           '\n';
 }
 
 void appendSignature(std::string& out, const PlannedMessage& message, Random& random) {
     const std::string domain(message.sender.domain());
-    out +=
-        "Authentication-Results: mx.fernhill.example;\n\tdkim=pass header.d=" + domain +
-        ";\n\tspf=pass smtp.mailfrom=bounce." + domain + ";\n\tdmarc=pass header.from=" + domain +
-        "\nDKIM-Signature: v=1; a=rsa-sha256; c=relaxed/relaxed; d=" + domain + "; s=key" +
-        std::to_string(random.between(1, 9)) +
-        ";\n\th=from:to:subject:date:mime-version:content-type;\n\tbh=" + token(random.next(), 43) +
-        "=;\n\tb=";
+    out += "Authentication-Results: mx.fernhill.example;\n\tdkim=pass header.d=" + domain +
+           ";\n\tspf=pass smtp.mailfrom=bounce." + domain +
+           ";\n\tdmarc=pass header.from=" + domain +
+           "\nDKIM-Signature: v=1; a=rsa-sha256; c=relaxed/relaxed; d=" + domain;
+    out += "; s=key" + std::to_string(random.between(1, 9)) +
+           ";\n\th=from:to:subject:date:mime-version:content-type;\n\tbh=";
+    out += token(random.next(), 43) + "=;\n\tb=";
     for (int line = 0; line < 5; ++line) out += token(random.next(), 66) + "\n\t ";
     out += token(random.next(), 14) + "==\n";
 }
@@ -64,6 +71,24 @@ void appendMessageId(std::string& out, const PlannedMessage& message, Random& ra
 }
 
 }  // namespace
+
+std::string makeMessageId(const Person& sender, std::int64_t dateSent, Random& random) {
+    constexpr std::string_view digits = "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQ";
+    const auto some = [&](std::size_t count, std::size_t base) {
+        std::string text;
+        for (std::size_t i = 0; i < count; ++i) text += digits[random.below(base)];
+        return text;
+    };
+    const std::string host(sender.domain());
+    const std::uint64_t form = random.below(5);
+    const std::string first = some(24, form == 2 ? digits.size() : 16);
+    const std::string second = some(8, form == 2 ? 36 : 10);
+    if (form == 0) return identifierFor(first) + '@' + host;
+    if (form == 1) return std::to_string(dateSent) + '.' + second + "@mail." + host;
+    if (form == 2) return "CA+" + first + '=' + second + "@mail." + host;
+    if (form == 3) return first + '-' + second + "-000000@" + host;
+    return first + "$1/%" + second + '@' + host;
+}
 
 std::string headerDate(std::int64_t moment, int zoneHours) {
     using namespace std::chrono;

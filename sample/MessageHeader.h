@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "sample/MailPlan.h"
@@ -13,6 +14,9 @@ namespace brindlet::sample {
 /// follows.
 void appendHeader(std::string& out, const PlannedMessage& message, Random& random,
                   std::size_t targetSize);
+
+/// A Message-ID without its brackets, in one of the forms that programs make.
+std::string makeMessageId(const Person& sender, std::int64_t dateSent, Random& random);
 
 /// "Tue, 4 Mar 2025 09:15:02 +0100".
 std::string headerDate(std::int64_t moment, int zoneHours);

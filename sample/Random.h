@@ -24,7 +24,8 @@ constexpr std::uint64_t reduced(std::uint64_t bits, std::uint64_t count) {
     return ((bits >> 32) * count) >> 32;
 }
 
-/// SplitMix64.
+/// SplitMix64. Draw at most once in an expression: in which order the parts of one are worked out
+/// is the compiler's choice, and with it would be what is made.
 class Random {
   public:
     explicit constexpr Random(std::uint64_t seed) : state_(seed) {}

@@ -10,7 +10,7 @@
 #include "base/ThreadSafety.h"
 #include "sample/IndexWriter.h"
 #include "sample/MessageComposer.h"
-#include "sample/Random.h"
+#include "sample/PlanFacts.h"
 
 namespace brindlet::sample {
 namespace {
@@ -28,13 +28,6 @@ struct Written {
     std::string summary;
 };
 
-std::string loweredAscii(std::string_view text) {
-    std::string lowered(text);
-    for (char& c : lowered)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return lowered;
-}
-
 /// One making of a sample home folder, step by step.
 class Maker {
   public:
@@ -44,26 +37,24 @@ class Maker {
           progress_(progress),
           composer_(texts_),
           plan_(planMail(options, texts_)),
-          written_(plan_.messages.size()) {
-        facts_.newest = options.newest;
-    }
+          written_(plan_.messages.size()),
+          newest_(options.newest) {}
 
     SampleOutcome run() && {
         if (!makeDirectories()) return failed("The folders could not be made.");
         if (!writeFiles()) return failed("Not all message files could be written.");
         if (!writeIndex()) return failed("The index could not be written.");
-        gatherFacts();
-        if (!writeFacts(facts_, home_ + "/sample-facts.json"))
+        std::vector<std::int64_t> sizes;
+        for (const Written& written : written_) sizes.push_back(written.size);
+        SampleFacts facts = factsOfPlan(plan_, mailboxRows_, sizes);
+        facts.newest = newest_;
+        if (!writeFacts(facts, home_ + "/sample-facts.json"))
             return failed("The facts could not be written.");
-        return {std::move(facts_), ""};
+        return {std::move(facts), ""};
     }
 
   private:
     static SampleOutcome failed(std::string problem) { return {{}, std::move(problem)}; }
-
-    std::string directoryOf(const PlannedMessage& message) const {
-        return messageDirectory(plan_.folders[message.folder].dataDirectory, message.rowId);
-    }
 
     bool makeDirectories() {
         std::set<std::string> directories{root_ + "/MailData"};
@@ -73,7 +64,9 @@ class Maker {
             directories.insert(root_ + '/' + data + "/Messages");
         }
         for (const PlannedMessage& message : plan_.messages)
-            directories.insert(root_ + '/' + directoryOf(message));
+            directories.insert(
+                root_ + '/' +
+                messageDirectory(plan_.folders[message.folder].dataDirectory, message.rowId));
         for (const std::string& directory : directories)
             if (!files::createDirectories(directory)) return false;
         for (const PlannedFolder& folder : plan_.folders) {
@@ -89,9 +82,7 @@ class Maker {
         written.size = static_cast<std::int64_t>(buffer.size());
         written.summary = composer_.summary(message);
         if (message.trouble == Trouble::missingFile) return true;
-        const std::string path =
-            root_ + '/' + directoryOf(message) + '/' + messageFileName(message.rowId, message.kind);
-        if (!files::write(path, buffer)) return false;
+        if (!files::write(root_ + '/' + messagePath(plan_, message), buffer)) return false;
         written.attachment = std::move(attachment.name);
         if (attachment.apart.empty()) return true;
         const std::string place =
@@ -128,7 +119,6 @@ class Maker {
             mailboxRows_.push_back(index.addMailbox(folder.url));
         for (const std::string_view url : foreignMailboxUrls()) {
             index.addMailbox(url);
-            facts_.foreignMailboxes.emplace_back(url);
         }
         // The newest rows stay in the -wal file.
         const std::size_t all = plan_.messages.size();
@@ -182,65 +172,6 @@ class Maker {
             index.addAttachment(message.rowId, "2", written.attachment);
     }
 
-    void gatherFacts() {
-        std::vector<std::vector<std::size_t>> filed(plan_.folders.size());
-        std::vector<std::vector<std::size_t>> labelled(plan_.folders.size());
-        for (std::size_t i = 0; i < plan_.messages.size(); ++i) {
-            const PlannedMessage& message = plan_.messages[i];
-            filed[message.folder].push_back(i);
-            for (const std::size_t label : message.labels) labelled[label].push_back(i);
-            facts_.messages.push_back(factsOf(message, written_[i].size));
-            if (plan_.folders[message.folder].url.find("Sent") != std::string::npos)
-                for (const Person& person : message.recipients)
-                    if (person.address.find('@') != std::string::npos)
-                        facts_.correspondents.insert(loweredAscii(person.address));
-        }
-        for (std::size_t folder = 0; folder < plan_.folders.size(); ++folder) {
-            const PlannedFolder& planned = plan_.folders[folder];
-            if (facts_.accounts.empty() || facts_.accounts.back().id != planned.account->id)
-                facts_.accounts.push_back({std::string(planned.account->id),
-                                           std::string(planned.account->name),
-                                           std::string(planned.account->address),
-                                           {}});
-            auto& listed = filed[folder].empty() ? labelled[folder] : filed[folder];
-            std::stable_sort(listed.begin(), listed.end(), [&](std::size_t a, std::size_t b) {
-                return plan_.messages[a].dateSent > plan_.messages[b].dateSent;
-            });
-            SampleFacts::Folder facts;
-            facts.id = mailboxRows_[folder];
-            facts.name = planned.folder->name;
-            facts.url = planned.url;
-            facts.role = planned.folder->role;
-            facts.count =
-                static_cast<std::int64_t>(std::max(filed[folder].size(), labelled[folder].size()));
-            for (const std::size_t i : listed) facts.messages.push_back(plan_.messages[i].rowId);
-            facts_.accounts.back().folders.push_back(std::move(facts));
-        }
-    }
-
-    SampleFacts::Message factsOf(const PlannedMessage& message, std::int64_t size) const {
-        SampleFacts::Message facts;
-        const PlannedFolder& folder = plan_.folders[message.folder];
-        facts.id = message.rowId;
-        facts.account = folder.account->id;
-        facts.mailbox = mailboxRows_[message.folder];
-        const bool fileStands = message.trouble != Trouble::missingFile;
-        if (!message.messageId.empty() && fileStands) facts.messageId = message.messageId;
-        facts.category = message.family->category;
-        if (message.trouble != Trouble::noSenderRow) facts.sender = message.sender.shown();
-        facts.subject = message.subject;
-        facts.dateSent = message.dateSent;
-        if (fileStands)
-            facts.path = std::string(dataRootInHome) + '/' + directoryOf(message) + '/' +
-                         messageFileName(message.rowId, message.kind);
-        facts.fileSize = size;
-        facts.readable = fileStands && message.trouble != Trouble::emptyFile &&
-                         message.trouble != Trouble::binaryFile &&
-                         message.trouble != Trouble::fileWithoutHeader;
-        facts.trouble = rawValue(message.trouble);
-        return facts;
-    }
-
     static constexpr std::int64_t danglingRow = 900'000'000;
 
     const std::string root_;
@@ -251,7 +182,7 @@ class Maker {
     const MailPlan plan_;
     std::vector<Written> written_;
     std::vector<std::int64_t> mailboxRows_;
-    SampleFacts facts_;
+    const std::int64_t newest_;
 };
 
 }  // namespace

@@ -4,8 +4,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "base/Json.h"
 #include "sample/SampleMailStore.h"
 
 namespace {
@@ -19,7 +21,9 @@ constexpr std::string_view usage =
     "message\n"
     "files, and \"sample-facts.json\" with what a reader must find there. The same N, S and T make "
     "the\n"
-    "same mail. A folder that holds a Library already is left alone.\n"
+    "same mail. A folder that holds a Library already is left alone. Prints the accounts and "
+    "their\n"
+    "folders as JSON.\n"
     "\n"
     "  --messages N  how many messages, from 1 to 1000000 (2000)\n"
     "  --seed S      another mailbox for every number (1)\n"
@@ -81,6 +85,37 @@ std::optional<Arguments> argumentsFrom(const std::vector<std::string_view>& word
     return arguments;
 }
 
+std::string summary(const std::string& home, const brindlet::sample::SampleFacts& facts) {
+    brindlet::JsonWriter json;
+    json.beginObject();
+    json.member("home", home);
+    json.member("messages", static_cast<std::int64_t>(facts.messages.size()));
+    json.member("newest", facts.newest);
+    json.key("accounts");
+    json.beginArray();
+    for (const auto& account : facts.accounts) {
+        json.beginObject();
+        json.member("id", account.id);
+        json.member("name", account.name);
+        json.member("address", account.address);
+        json.key("folders");
+        json.beginArray();
+        for (const auto& folder : account.folders) {
+            json.beginObject();
+            json.member("id", folder.id);
+            json.member("name", folder.name);
+            json.member("count", folder.count);
+            json.member("role", folder.role);
+            json.endObject();
+        }
+        json.endArray();
+        json.endObject();
+    }
+    json.endArray();
+    json.endObject();
+    return std::move(json).text();
+}
+
 }  // namespace
 
 int main(int count, char** values) {
@@ -106,5 +141,6 @@ int main(int count, char** values) {
         std::fprintf(stderr, "%s\n", outcome.problem.c_str());
         return 1;
     }
+    std::puts(summary(arguments->directory, outcome.facts).c_str());
     return 0;
 }

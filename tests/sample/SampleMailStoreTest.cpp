@@ -9,6 +9,7 @@
 
 #include "SampleHome.h"
 #include "base/Files.h"
+#include "base/Json.h"
 #include "sample/EmlxWriter.h"
 #include "sample/Random.h"
 
@@ -80,6 +81,41 @@ TEST(SampleMailStore, ProgressIsToldAndEndsBelowTheWhole) {
                       steps.push_back(written);
                   });
     EXPECT_EQ(steps, (std::vector<std::size_t>{500, 1'000}));
+}
+
+TEST(SampleMailStore, TheFactsStandBesideTheLibraryToo) {
+    const SampleHome home({.messages = 20});
+    JsonReader json(files::read(home.home() + "/sample-facts.json").value_or(""));
+    std::vector<std::int64_t> ids;
+    std::string firstAccount;
+    json.object([&](std::string_view key) {
+        if (key == "messages") {
+            json.array([&] {
+                json.object([&](std::string_view field) {
+                    if (field == "id")
+                        ids.push_back(json.integer());
+                    else
+                        json.skip();
+                });
+            });
+        } else if (key == "accounts") {
+            json.array([&] {
+                json.object([&](std::string_view field) {
+                    if (field == "id" && firstAccount.empty())
+                        firstAccount = json.string();
+                    else
+                        json.skip();
+                });
+            });
+        } else {
+            json.skip();
+        }
+    });
+    EXPECT_TRUE(json.finish());
+    std::vector<std::int64_t> expected;
+    for (const auto& message : home.outcome.facts.messages) expected.push_back(message.id);
+    EXPECT_EQ(ids, expected);
+    EXPECT_EQ(firstAccount, home.outcome.facts.accounts.front().id);
 }
 
 TEST(SampleMailStore, SizesFollowRealMail) {

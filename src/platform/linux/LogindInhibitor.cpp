@@ -22,13 +22,12 @@ int inhibitSleep(const std::string& reason) {
     const Held<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SYSTEM, nullptr, nullptr));
     if (!bus) return -1;
     g_dbus_connection_set_exit_on_close(bus.get(), FALSE);  // or the bus would take us with it
-    // "idle" alone is not enough: some desktops put the machine to sleep by a timer of their own,
-    // which asks for "sleep" and looks at nothing else.
+    // Against falling asleep by itself alone: whoever closes the lid means it.
     GUnixFDList* list = nullptr;
     const Held<GVariant> reply(g_dbus_connection_call_with_unix_fd_list_sync(
         bus.get(), "org.freedesktop.login1", "/org/freedesktop/login1",
         "org.freedesktop.login1.Manager", "Inhibit",
-        g_variant_new("(ssss)", "idle:sleep", "Brindlet", reason.c_str(), "block"),
+        g_variant_new("(ssss)", "idle", "Brindlet", reason.c_str(), "block"),
         G_VARIANT_TYPE("(h)"), G_DBUS_CALL_FLAGS_NONE, patience, nullptr, &list, nullptr, nullptr));
     const Held<GUnixFDList> descriptors(list);
     if (!reply || !descriptors) return -1;

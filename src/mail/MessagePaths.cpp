@@ -68,6 +68,8 @@ std::size_t MessagePaths::slotOf(const std::vector<Page>& table, std::int64_t nu
 }
 
 void MessagePaths::grow() {
+    // Room that stays untouched takes no memory, while growing would touch it twice.
+    if (pages_.empty()) places_.reserve(std::size_t{1} << 17);
     std::vector<Page> larger(pages_.empty() ? 64 : pages_.size() * 2);
     for (const Page& page : pages_)
         if (page.start != none) larger[slotOf(larger, page.number)] = page;

@@ -67,7 +67,7 @@ bool writtenByOwner(Mix mix) {
 
 const Family& chooseFamily(const SampleTexts& texts, Mix mix, Random& random) {
     const std::string_view category = categories[chooseCategory(mix, random)];
-    const bool foreign = random.chance(140);
+    const bool foreign = random.chance(50);
     std::vector<std::pair<const Family*, std::uint64_t>> choices;
     std::uint64_t total = 0;
     // A category without a family in the tongue takes one in the other.

@@ -10,7 +10,7 @@ namespace brindlet::sample {
 bool writtenByOwner(Mix mix);
 
 /// A family whose mail suits a folder, by the shares of the categories in it and the weights of the
-/// families: one in seven messages is in another tongue than English, swindle is mostly in Junk.
+/// families: one in twenty messages is in another tongue than English, swindle is mostly in Junk.
 const Family& chooseFamily(const SampleTexts& texts, Mix mix, Random& random);
 
 }  // namespace brindlet::sample

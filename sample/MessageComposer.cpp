@@ -66,7 +66,12 @@ struct MessageComposer::Build {
           filler(owner.texts_, *planned.family, filling),
           boundary("=_" + token(mixed(planned.key, 0xb7), 28)) {
         writeLetter();
-        const bool ascii = message.family->ascii;
+        bool ascii = message.family->ascii;
+        if (ascii && random.chance(90)) {
+            for (std::string& paragraph : letter.paragraphs) paragraph = typeset(paragraph);
+            letter.paragraphs.push_back("\u00a9 " + std::string(letter.senderName));
+            ascii = false;
+        }
         bool fitsLatin1 = true;
         if (!ascii)
             for (const std::string& paragraph : letter.paragraphs)

@@ -101,6 +101,23 @@ Piece Filler::piece(std::size_t number) const {
             sayings[number % sayings.size()].filled(filling)};
 }
 
+std::string typeset(std::string_view text) {
+    std::string out;
+    out.reserve(text.size() + 16);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool opens = i == 0 || text[i - 1] == ' ' || text[i - 1] == '(';
+        if (text[i] == '\'')
+            out += opens ? "\u2018" : "\u2019";
+        else if (text[i] == '"')
+            out += opens ? "\u201c" : "\u201d";
+        else if (text[i] == '-' && opens && text.substr(i, 2) == "- ")
+            out += "\u2013";
+        else
+            out += text[i];
+    }
+    return out;
+}
+
 std::string htmlEscaped(std::string_view text) {
     std::string escaped;
     escaped.reserve(text.size() + 16);

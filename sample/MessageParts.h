@@ -40,6 +40,8 @@ class Filler {
     const Filling& filling_;
 };
 
+/// The text with the quotation marks and dashes of a careful typesetter, which are not ASCII.
+std::string typeset(std::string_view text);
 std::string htmlEscaped(std::string_view text);
 /// So many letters and digits that depend on the key, for links and boundaries.
 std::string token(std::uint64_t key, std::size_t length);

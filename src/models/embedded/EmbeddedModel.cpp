@@ -23,7 +23,7 @@ struct EmbeddedModel::Parts {
 namespace {
 
 /// Junk is thrown away, so a mere guess that something is junk is not worth saying.
-constexpr float leastJunkProbability = 0.35F;
+constexpr float leastJunkProbability = 0.3F;
 
 bool isKnown(const ModelSchema& schema) {
     if (schema.name != "Label" || schema.properties.size() != 1) return false;

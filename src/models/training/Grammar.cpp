@@ -93,12 +93,16 @@ std::string Grammar::addWords(std::string_view text) {
             if (open.empty()) return "a phrase before the first list";
             return addPhrase(words_.find(open)->second.phrases, line, open);
         }
-        const auto comma = line.find(", once");
-        open = line.substr(2, comma == std::string_view::npos ? comma : comma - 2);
-        const auto [list, isNew] = words_.try_emplace(open);
-        list->second.once = comma != std::string_view::npos;
-        return isNew ? "" : "this list stands already";
+        return openList(line, open);
     });
+}
+
+std::string Grammar::openList(std::string_view line, std::string& open) {
+    const auto comma = line.find(", once");
+    open = line.substr(2, comma == std::string_view::npos ? comma : comma - 2);
+    const auto [list, isNew] = words_.try_emplace(open);
+    list->second.once = comma != std::string_view::npos;
+    return isNew ? "" : "this list stands already";
 }
 
 std::optional<Grammar::Scenario> Grammar::parsedHeading(std::string_view heading) {
@@ -144,19 +148,27 @@ std::string Grammar::addCategory(std::string_view label, std::string_view text) 
         }};
     std::vector<Scenario> scenarios;
     std::vector<Phrase> Scenario::* section = nullptr;
+    std::string open;
     std::string problem = eachLine(text, [&](std::string_view line) -> std::string {
         if (line.starts_with("== ")) {
             auto scenario = parsedHeading(line.substr(3));
             if (!scenario) return "not a scenario's heading";
             scenarios.push_back(std::move(*scenario));
             section = nullptr;
+            open.clear();
             return {};
+        }
+        if (line.starts_with("= ")) {
+            section = nullptr;
+            return openList(line, open);
         }
         for (const auto& [name, phrases] : sections) {
             if (line != name) continue;
             section = phrases;
+            open.clear();
             return scenarios.empty() ? "a section before the first scenario" : "";
         }
+        if (!open.empty()) return addPhrase(words_.find(open)->second.phrases, line, open);
         return section ? addPhrase(scenarios.back().*section, line, {})
                        : "a phrase outside every section";
     });

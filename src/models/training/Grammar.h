@@ -29,7 +29,8 @@ struct SampleMail {
 /// as its weight says; then "senders:", "subjects:", "bodies:" and, if wanted, "openings:" and
 /// "closings:" open its phrases. A message has one sender, one subject, and for its body one opening,
 /// so many different bodies as told in any order, and one closing. The dress says how such mail is
-/// sent: "plain", "web" (parts and encodings) or "bulk" (as web, and base64 more often).
+/// sent: "plain", "web" (parts and encodings) or "bulk" (as web, and base64 more often). Word lists
+/// may stand between scenarios.
 class Grammar {
   public:
     enum class Dress { plain, web, bulk };
@@ -58,6 +59,8 @@ class Grammar {
     class Expansion;
 
     static std::optional<Scenario> parsedHeading(std::string_view heading);
+    /// Opens the list of a line "= name", which is put into `open`; gives what is wrong.
+    std::string openList(std::string_view line, std::string& open);
     /// The first slot without a list of words, or which is `open` itself; empty when there is none.
     std::string unknownSlot(const Phrase& phrase, std::string_view open) const;
     std::string addPhrase(std::vector<Phrase>& phrases, std::string_view line,

@@ -19,8 +19,8 @@ struct TrainingPlan {
     /// Percent of a message's features that are hidden from each step.
     std::size_t hiddenFeatures = 30;
     /// The share of naive Bayes in the weights, and by how much its odds are flattened.
-    double bayesShare = 0.2;
-    double bayesFlattening = 1.5;
+    double bayesShare = 0.4;
+    double bayesFlattening = 1.2;
 };
 
 /// Trains a softmax over all learned labels, step by step on messages that the grammar makes up,

@@ -2,6 +2,7 @@
 #include <string>
 #include <string_view>
 
+#include "Arguments.h"
 #include "base/Files.h"
 #include "models/training/Trainer.h"
 #include "models/training/TrainingTexts.h"
@@ -9,9 +10,14 @@
 namespace {
 
 constexpr std::string_view usage =
-    "Trains the embedded model's weights from the texts of a folder.\n"
-    "train_model --write FOLDER FILE    writes the weights to the file\n"
-    "train_model --compare FOLDER FILE  fails unless the file holds these very weights\n";
+    "train_model --write FILE FOLDER | --compare FILE FOLDER\n"
+    "\n"
+    "Trains the embedded model's weights from the texts of FOLDER, the same for the same texts on\n"
+    "every machine.\n"
+    "\n"
+    "  --write FILE    writes the weights to FILE\n"
+    "  --compare FILE  fails unless FILE holds these very weights\n"
+    "  --help          this text\n";
 
 int fail(const std::string& sentence) {
     std::fprintf(stderr, "%s\n", sentence.c_str());
@@ -20,20 +26,24 @@ int fail(const std::string& sentence) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int count, char** values) {
     using namespace brindlet;
-    const std::string_view action = argc == 4 ? argv[1] : "";
-    if (action != "--write" && action != "--compare") {
-        std::fputs(usage.data(), stderr);
-        return 2;
+    const tools::Arguments arguments(count, values, {"--write", "--compare"});
+    if (arguments.help) {
+        std::fputs(usage.data(), stdout);
+        return 0;
     }
-    const std::string folder = argv[2];
-    const std::string path = argv[3];
+    if (!arguments.problem.empty() || arguments.words.size() != 1 ||
+        arguments.options.size() != 1) {
+        std::fputs(usage.data(), stderr);
+        return tools::wrongUse;
+    }
     training::Grammar grammar;
-    const std::string problem = training::readTrainingTexts(folder, grammar);
+    const std::string problem = training::readTrainingTexts(arguments.words.front(), grammar);
     if (!problem.empty()) return fail(problem);
 
     const std::string weights = training::trainedWeights(grammar, {});
+    const auto& [action, path] = *arguments.options.begin();
     if (action == "--write")
         return files::write(path, weights) ? 0 : fail(path + " cannot be written.");
     const auto present = files::read(path);

@@ -25,7 +25,8 @@ constexpr auto table = std::to_array<std::string_view>({
     "cart|basket|bag|left something|left behind|still interested|still thinking|wishlist|wish list",
     // Bait.
     "winner|won|win|prize|prizes|congratulations|lottery|jackpot|lucky|selected|raffle|sweepstakes|"
-    "gewonnen|gewinner|gewinn|premio|glueckwunsch|gl\xC3\xBC" "ckwunsch|parabens|parab\xC3\xA9ns|gagne|"
+    "gewonnen|gewinner|gewinn|premio|glueckwunsch|gl\xC3\xBC"
+    "ckwunsch|parabens|parab\xC3\xA9ns|gagne|"
     "gagn\xC3\xA9|reward|rewards|gift card|gift cards|bonus",
     "crypto|bitcoin|btc|ethereum|token|tokens|airdrop|wallet|mining|blockchain|nft|trading|forex|"
     "investment|investments|invest|investors|profit|profits|stock pick",
@@ -101,7 +102,8 @@ constexpr auto table = std::to_array<std::string_view>({
     "factura|facture|premium due|direct debit|autopay|auto pay|debit",
     "renew|renews|renewal|renewed|subscription|subscriptions|membership|plan|expire|expired|"
     "recurring|billing cycle|next billing|auto renew|auto renewal|lapse|lapsed",
-    "payment failed|failed payment|declined|could not be processed|couldn't process|unable to charge|"
+    "payment failed|failed payment|declined|could not be processed|couldn't process|unable to "
+    "charge|"
     "unable to process|payment method|update your payment|update your billing|insufficient|"
     "card details|suspended|suspension|chargeback|dispute|disputed",
     "terms|terms of service|terms of use|privacy policy|policy|policies|agreement|legal|"
@@ -167,7 +169,9 @@ Concepts::Concepts() {
     }
 }
 
-std::size_t Concepts::count() const { return table.size(); }
+std::size_t Concepts::count() const {
+    return table.size();
+}
 
 std::uint64_t Concepts::extended(std::uint64_t key, std::string_view token) {
     for (const char c : token) key = (key ^ static_cast<unsigned char>(c)) * 0x100000001b3;

@@ -12,7 +12,7 @@
 namespace brindlet {
 
 namespace resources {
-extern const std::string_view embedded_model_weights;
+extern const std::string_view embeddedModelWeights;
 }
 
 struct EmbeddedModel::Parts {
@@ -53,7 +53,7 @@ std::string_view bestLabel(const LabelScores& probabilities) {
 
 }  // namespace
 
-EmbeddedModel::EmbeddedModel() : EmbeddedModel(resources::embedded_model_weights) {}
+EmbeddedModel::EmbeddedModel() : EmbeddedModel(resources::embeddedModelWeights) {}
 
 EmbeddedModel::EmbeddedModel(std::string_view weights) {
     if (const auto opened = Weights::open(weights))

@@ -137,8 +137,8 @@ struct Sender {
 
 bool isPrivateDomain(std::string_view domain) {
     static constexpr std::array<std::string_view, 16> known{
-        "gmail.",   "googlemail.", "yahoo.", "hotmail.", "aol.",   "outlook.", "comcast.", "me.com",
-        "icloud.",  "web.de",      "gmx.",   "live.",    "msn.",   "mac.com",  "proton",   "verizon."};
+        "gmail.",  "googlemail.", "yahoo.", "hotmail.", "aol.", "outlook.", "comcast.", "me.com",
+        "icloud.", "web.de",      "gmx.",   "live.",    "msn.", "mac.com",  "proton",   "verizon."};
     return std::ranges::any_of(known,
                                [&](std::string_view part) { return domain.starts_with(part); });
 }

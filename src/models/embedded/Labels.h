@@ -9,9 +9,15 @@ namespace brindlet {
 /// The words that the model answers with, in the order of the weights' columns. Bounces have none:
 /// they are known by their subjects alone.
 inline constexpr std::array<std::string_view, 9> learnedLabels{
-    "advertisingOrPromotion",    "newsletterOrDigest",         "socialMediaBlast",
-    "receiptOrOrderOrShipping",  "billOrPayment",              "securityCodeOrSignInAlert",
-    "accountWelcomeOrInvitation", "personalMessageOrReminder", "cannotTell",
+    "advertisingOrPromotion",
+    "newsletterOrDigest",
+    "socialMediaBlast",
+    "receiptOrOrderOrShipping",
+    "billOrPayment",
+    "securityCodeOrSignInAlert",
+    "accountWelcomeOrInvitation",
+    "personalMessageOrReminder",
+    "cannotTell",
 };
 inline constexpr std::string_view bounceLabel = "deliveryFailureBounce";
 

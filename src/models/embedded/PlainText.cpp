@@ -171,11 +171,11 @@ std::string folded(std::string_view text) {
             i += 1;  // soft hyphen, grapheme joiner
         } else if (rest.size() >= 3 && rest.starts_with("\xE2\x80")) {
             const auto last = static_cast<unsigned char>(rest[2]);
-            if (last <= 0x8A || last == 0xAF) out += ' ';         // spaces of many widths
-            if (last >= 0x90 && last <= 0x95) out += '-';         // dashes
-            if (last == 0x98 || last == 0x99) out += '\'';        // single quotes
-            if (last >= 0x9C && last <= 0x9F) out += '"';         // double quotes
-            i += 2;                                               // the rest is invisible
+            if (last <= 0x8A || last == 0xAF) out += ' ';   // spaces of many widths
+            if (last >= 0x90 && last <= 0x95) out += '-';   // dashes
+            if (last == 0x98 || last == 0x99) out += '\'';  // single quotes
+            if (last >= 0x9C && last <= 0x9F) out += '"';   // double quotes
+            i += 2;                                         // the rest is invisible
         } else if (rest.starts_with("\xEF\xBB\xBF")) {
             i += 2;  // byte-order mark, in marketing mail a filler
         } else {

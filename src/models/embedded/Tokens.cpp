@@ -10,7 +10,9 @@ namespace {
 
 constexpr std::size_t longestWord = 24;
 
-bool isWordByte(char c) { return ascii::isLetter(c) || static_cast<unsigned char>(c) >= 0x80; }
+bool isWordByte(char c) {
+    return ascii::isLetter(c) || static_cast<unsigned char>(c) >= 0x80;
+}
 
 class Tokenizer {
   public:
@@ -31,15 +33,24 @@ class Tokenizer {
         if (c == '-' && peek(1) == '-') return rule();
         ++at_;
         switch (c) {
-            case '$': return out_.push_back("#money");
-            case '%': return out_.push_back("#pct");
-            case '!': return mark("#bang");
-            case '?': return mark("#ask");
-            case '>': return mark("#quoted");
-            case '"': return mark("#quote");
-            case '#': return out_.push_back("#hash");
-            case '[': return out_.push_back("#bracket");
-            default: return;
+            case '$':
+                return out_.push_back("#money");
+            case '%':
+                return out_.push_back("#pct");
+            case '!':
+                return mark("#bang");
+            case '?':
+                return mark("#ask");
+            case '>':
+                return mark("#quoted");
+            case '"':
+                return mark("#quote");
+            case '#':
+                return out_.push_back("#hash");
+            case '[':
+                return out_.push_back("#bracket");
+            default:
+                return;
         }
     }
 
@@ -98,7 +109,8 @@ class Tokenizer {
         const std::size_t start = at_;
         std::size_t digits = 0;
         for (; at_ < text_.size(); ++at_) {
-            if (ascii::isDigit(text_[at_])) ++digits;
+            if (ascii::isDigit(text_[at_]))
+                ++digits;
             else if (std::string_view(".,:-/").find(text_[at_]) == std::string_view::npos ||
                      !ascii::isDigit(peek(1)))
                 break;

@@ -31,27 +31,27 @@ Number taken(std::string_view& bytes) {
     return number;
 }
 
-/// Eight bytes a step, which is what keeps the start of the program short.
-std::uint64_t checksum(std::string_view bytes) {
-    std::uint64_t sum = 0x9E3779B97F4A7C15 ^ bytes.size();
-    while (bytes.size() >= 8)
-        sum = std::rotl((sum ^ taken<std::uint64_t>(bytes)) * 0xff51afd7ed558ccd, 29);
-    for (const char c : bytes) sum = (sum ^ static_cast<unsigned char>(c)) * 0x100000001b3;
-    return sum ^ sum >> 32;
-}
-
 /// Few weights are far larger than the rest; clipping them keeps the steps of all others fine.
 float largestKept(const std::vector<float>& rows) {
     std::vector<float> sizes;
     for (const float weight : rows)
         if (weight != 0) sizes.push_back(std::abs(weight));
     if (sizes.empty()) return 1;
-    const auto place = sizes.begin() + static_cast<std::ptrdiff_t>(sizes.size() / 2000 * 1999);
+    const auto place = sizes.end() - 1 - static_cast<std::ptrdiff_t>(sizes.size() / 2000);
     std::ranges::nth_element(sizes, place);
     return *place;
 }
 
 }  // namespace
+
+std::uint64_t Weights::checksum(std::string_view bytes) {
+    // Eight bytes a step, which is what keeps the start of the program short.
+    std::uint64_t sum = 0x9E3779B97F4A7C15 ^ bytes.size();
+    while (bytes.size() >= 8)
+        sum = std::rotl((sum ^ taken<std::uint64_t>(bytes)) * 0xff51afd7ed558ccd, 29);
+    for (const char c : bytes) sum = (sum ^ static_cast<unsigned char>(c)) * 0x100000001b3;
+    return sum ^ sum >> 32;
+}
 
 std::optional<Weights> Weights::open(std::string_view bytes) {
     if (bytes.size() != headerBytes + rowBytes + checksumBytes) return std::nullopt;
@@ -92,8 +92,7 @@ LabelScores Weights::probabilities(std::span<const Feature> features) const {
     for (const Feature& feature : features) {
         const char* row = rows_ + feature.row * labelCount;
         for (std::size_t label = 0; label < labelCount; ++label)
-            sums[label] +=
-                feature.value * static_cast<float>(static_cast<std::int8_t>(row[label]));
+            sums[label] += feature.value * static_cast<float>(static_cast<std::int8_t>(row[label]));
     }
     for (std::size_t label = 0; label < labelCount; ++label)
         sums[label] = sums[label] * scale_ + biases_[label];

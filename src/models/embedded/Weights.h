@@ -29,6 +29,9 @@ class Weights {
     /// The file for these weights; `rows` holds 2^featureBits rows, quantised here.
     static std::string written(const std::vector<float>& rows, const LabelScores& biases);
 
+    /// What the file ends with, over all that stands before it.
+    static std::uint64_t checksum(std::string_view bytes);
+
     /// Probabilities, which add up to one.
     LabelScores probabilities(std::span<const Feature> features) const;
 

@@ -28,8 +28,10 @@ std::string quotedPrintable(std::string_view text) {
             out += "= ";
             column = 0;
         }
-        if (escaped) out.append({'=', digits[byte / 16], digits[byte % 16]});
-        else out += c;
+        if (escaped)
+            out.append({'=', digits[byte / 16], digits[byte % 16]});
+        else
+            out += c;
         column += escaped ? 3 : 1;
     }
     return out;
@@ -89,8 +91,10 @@ void dressUp(SampleMail& mail, Grammar::Dress dress, Random& random) {
     static constexpr std::array<std::string_view, 6> pictures{
         "\U0001F525 ", "\U0001F381 ", "\U0001F4A5 ", "\U0001F389 ", "\u23F0 ", "\u2728 "};
     const auto drawn = random.below(100);
-    if (drawn < 5) mail.subject = changed(mail.subject, Phrase::Change::upper);
-    else if (drawn < 11) mail.subject = changed(mail.subject, Phrase::Change::lower);
+    if (drawn < 5)
+        mail.subject = changed(mail.subject, Phrase::Change::upper);
+    else if (drawn < 11)
+        mail.subject = changed(mail.subject, Phrase::Change::lower);
     else if (drawn < 17 && dress == Grammar::Dress::bulk)
         mail.subject.insert(0, anyOf(pictures, random));
 

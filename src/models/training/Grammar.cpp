@@ -43,9 +43,12 @@ class Grammar::Expansion {
     std::string text(const Phrase& phrase) {
         std::string out;
         for (const auto& part : phrase.parts) {
-            if (!part.choices.empty()) out += any(part.choices);
-            else if (!part.slot.empty()) out += changed(slot(part.slot), part.change);
-            else out += part.text;
+            if (!part.choices.empty())
+                out += any(part.choices);
+            else if (!part.slot.empty())
+                out += changed(slot(part.slot), part.change);
+            else
+                out += part.text;
         }
         return out;
     }
@@ -121,9 +124,9 @@ std::optional<Grammar::Scenario> Grammar::parsedHeading(std::string_view heading
         } else if (name == "bodies") {
             const auto dash = value.find('-');
             scenario.fewestBodies = smallNumber(value.substr(0, dash));
-            scenario.mostBodies =
-                dash == std::string_view::npos ? scenario.fewestBodies
-                                               : smallNumber(value.substr(dash + 1));
+            scenario.mostBodies = dash == std::string_view::npos
+                                      ? scenario.fewestBodies
+                                      : smallNumber(value.substr(dash + 1));
             if (scenario.mostBodies == 0 || scenario.fewestBodies > scenario.mostBodies)
                 return std::nullopt;
         } else if (name == "dress" && (value == "plain" || value == "web" || value == "bulk")) {
@@ -147,7 +150,7 @@ std::string Grammar::addCategory(std::string_view label, std::string_view text) 
             {"closings:", &Scenario::closings},
         }};
     std::vector<Scenario> scenarios;
-    std::vector<Phrase> Scenario::* section = nullptr;
+    std::vector<Phrase> Scenario::*section = nullptr;
     std::string open;
     std::string problem = eachLine(text, [&](std::string_view line) -> std::string {
         if (line.starts_with("== ")) {
@@ -205,8 +208,8 @@ SampleMail Grammar::make(std::string_view label, Random& random, Dress& dress) c
     append(expansion.any(scenario->openings));
     std::vector<std::size_t> order(scenario->bodies.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    const std::size_t wanted = scenario->fewestBodies +
-                               random.below(scenario->mostBodies - scenario->fewestBodies + 1);
+    const std::size_t wanted =
+        scenario->fewestBodies + random.below(scenario->mostBodies - scenario->fewestBodies + 1);
     for (std::size_t i = 0; i < wanted; ++i) {
         std::swap(order[i], order[i + random.below(order.size() - i)]);
         append(expansion.text(scenario->bodies[order[i]]));

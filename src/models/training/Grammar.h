@@ -25,18 +25,18 @@ struct SampleMail {
 /// Word lists: a line "= name" opens a list, each further line is a phrase of it. After "= name,
 /// once" the choice is made once a message, so that a sender's name is the same wherever it stands.
 ///
-/// A category: a line "== weight 3, bodies 2-5, dress web" opens a scenario, which is drawn as often
-/// as its weight says; then "senders:", "subjects:", "bodies:" and, if wanted, "openings:" and
-/// "closings:" open its phrases. A message has one sender, one subject, and for its body one opening,
-/// so many different bodies as told in any order, and one closing. The dress says how such mail is
-/// sent: "plain", "web" (parts and encodings) or "bulk" (as web, and base64 more often). Word lists
-/// may stand between scenarios.
+/// A category: a line "== weight 3, bodies 2-5, dress web" opens a scenario, which is drawn as
+/// often as its weight says; then "senders:", "subjects:", "bodies:" and, if wanted, "openings:"
+/// and "closings:" open its phrases. A message has one sender, one subject, and for its body one
+/// opening, so many different bodies as told in any order, and one closing. The dress says how such
+/// mail is sent: "plain", "web" (parts and encodings) or "bulk" (as web, and base64 more often).
+/// Word lists may stand between scenarios.
 class Grammar {
   public:
     enum class Dress { plain, web, bulk };
 
-    /// Each gives an empty text, or what is wrong and in which line. A slot's list stands before its
-    /// use, so words come before categories, and no list leads back to itself.
+    /// Each gives an empty text, or what is wrong and in which line. A slot's list stands before
+    /// its use, so words come before categories, and no list leads back to itself.
     std::string addWords(std::string_view text);
     std::string addCategory(std::string_view label, std::string_view text);
 

@@ -83,7 +83,9 @@ class Parser {
 
 }  // namespace
 
-bool parsePhrase(std::string_view line, Phrase& phrase) { return Parser(line).run(phrase); }
+bool parsePhrase(std::string_view line, Phrase& phrase) {
+    return Parser(line).run(phrase);
+}
 
 std::string changed(std::string text, Phrase::Change change) {
     if (change == Phrase::Change::none) return text;

@@ -58,8 +58,7 @@ class Softmax {
             for (std::size_t label = 0; label < labelCount; ++label) {
                 const float slope = slopes[label] * feature.value;
                 curvatures[label] += slope * slope;
-                row[label] -=
-                    stepSize * slope / std::sqrt(curvatures[label] + startingCurvature);
+                row[label] -= stepSize * slope / std::sqrt(curvatures[label] + startingCurvature);
             }
         }
     }
@@ -106,14 +105,14 @@ class NaiveBayes {
         for (std::size_t row = 0; row < rowCount; ++row) {
             const float* counts = counts_.cells.data() + row * labelCount;
             float* cells = weights.data() + row * labelCount;
-            const bool seen = std::any_of(counts, counts + labelCount,
-                                          [](float count) { return count > 0; });
+            const bool seen =
+                std::any_of(counts, counts + labelCount, [](float count) { return count > 0; });
             std::array<double, labelCount> odds{};
             double mean = 0;
             for (std::size_t label = 0; seen && label < labelCount; ++label) {
-                odds[label] = exactLog(
-                    (static_cast<double>(counts[label]) + smoothing) /
-                    (totals_[label] + smoothing * static_cast<double>(rowCount)));
+                odds[label] =
+                    exactLog((static_cast<double>(counts[label]) + smoothing) /
+                             (totals_[label] + smoothing * static_cast<double>(rowCount)));
                 mean += odds[label] / static_cast<double>(labelCount);
             }
             for (std::size_t label = 0; label < labelCount; ++label) {
@@ -145,9 +144,12 @@ std::size_t anyLabel(Random& random) {
 /// A message without its sender, its body or its subject teaches not to lean on one of them.
 void hideAField(SampleMail& mail, Random& random) {
     const auto drawn = random.below(100);
-    if (drawn >= 85) mail.sender.clear();
-    else if (drawn < 30) mail.body.clear();
-    else if (drawn < 36) mail.subject.clear();
+    if (drawn >= 85)
+        mail.sender.clear();
+    else if (drawn < 30)
+        mail.body.clear();
+    else if (drawn < 36)
+        mail.subject.clear();
 }
 
 }  // namespace

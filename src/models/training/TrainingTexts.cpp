@@ -17,8 +17,8 @@ std::string readTrainingTexts(const std::string& folder, Grammar& grammar) {
         add("words", [&](const std::string& text) { return grammar.addWords(text); });
     for (const auto label : learnedLabels) {
         if (!problem.empty()) break;
-        problem = add(label,
-                      [&](const std::string& text) { return grammar.addCategory(label, text); });
+        problem =
+            add(label, [&](const std::string& text) { return grammar.addCategory(label, text); });
     }
     return problem;
 }

@@ -72,7 +72,7 @@ bool isBlankOrNewline(char32_t c) {
 
 bool isWhiteSpace(char32_t c) {
     if (c < 0x80) return c == ' ' || (c >= 0x09 && c <= 0x0D);
-    return u_isUWhiteSpace(static_cast<UChar32>(c));
+    return c <= 0x3000 && u_isUWhiteSpace(static_cast<UChar32>(c));
 }
 
 bool isDecimalDigit(char32_t c) {

@@ -31,10 +31,11 @@ struct Gap {
     std::size_t length = 0;
 };
 
-/// The line end twice over. One with carriage returns wins wherever it stands.
+/// The line end twice over. One with carriage returns wins wherever it stands; most mail has none.
 Gap findGap(std::string_view text) {
-    for (auto at = text.find('\r'); at != none; at = text.find('\r', at + 1))
-        if (text.substr(at, 4) == "\r\n\r\n") return {at, 4};
+    if (text.find('\r') != none)
+        for (auto at = text.find('\n'); at != none; at = text.find('\n', at + 1))
+            if (at > 0 && text.substr(at - 1, 4) == "\r\n\r\n") return {at - 1, 4};
     for (auto at = text.find('\n'); at != none; at = text.find('\n', at + 1))
         if (at + 1 < text.size() && text[at + 1] == '\n') return {at, 2};
     return {};

@@ -11,9 +11,9 @@ namespace brindlet::training {
 /// How to train. The defaults are those of the weights that ship.
 struct TrainingPlan {
     std::uint64_t seed = 20'240'817;
-    std::size_t samples = 240'000;
-    double firstStep = 0.5;
-    double lastStep = 0.05;
+    std::size_t samples = 480'000;
+    double firstStep = 0.25;
+    double lastStep = 0.025;
     /// How sure the right label is taken to be; the rest is spread over all.
     double certainty = 0.95;
     /// Percent of a message's features that are hidden from each step.

@@ -1,0 +1,55 @@
+import QtQuick
+import QtQuick.Layouts
+import Brindlet.Screens
+
+// The messages of the open category, in a frame of at most eight rows.
+FocusScope {
+    id: root
+
+    required property MessagesModel messages
+    required property string name
+    required property string scrollLine
+    signal focusCame()
+
+    implicitHeight: column.implicitHeight
+
+    ColumnLayout {
+        id: column
+
+        width: parent.width
+        spacing: 0
+
+        Rectangle {
+            Layout.fillWidth: true
+            implicitHeight: 1
+            color: Theme.line
+        }
+        RowList {
+            id: list
+
+            objectName: "messages"
+            Layout.fillWidth: true
+            Layout.topMargin: 5
+            Layout.bottomMargin: 5
+            Layout.preferredHeight: Math.min(count * Theme.rowHeight, 8 * Theme.rowHeight)
+            name: root.name
+            model: root.messages
+            currentIndex: 0
+            onActiveFocusChanged: if (activeFocus) root.focusCame()
+
+            delegate: MessageRow {
+                width: ListView.view ? ListView.view.width : 0
+            }
+        }
+        Txt {
+            objectName: "scrollLine"
+            Layout.alignment: Qt.AlignHCenter
+            Layout.topMargin: Theme.space1
+            Layout.bottomMargin: Theme.space3
+            visible: list.count > 8
+            text: root.scrollLine
+            size: 11
+            color: Theme.ink3
+        }
+    }
+}

@@ -1,0 +1,119 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Brindlet.Screens
+
+FocusScope {
+    id: root
+
+    required property ResultsModel model
+
+    objectName: "resultsScreen"
+
+    Keys.onEscapePressed: root.model.back()
+
+    // Scrolls no further than needed to show what the keyboard came to.
+    function reveal(item: Item): void {
+        const top = item.mapToItem(page, 0, 0).y;
+        const least = top + item.height + Theme.space5 - flick.height;
+        flick.contentY = Math.max(0, Math.min(Math.max(flick.contentY, least), top - Theme.space5));
+    }
+
+    Flickable {
+        id: flick
+
+        objectName: "resultsPage"
+        anchors.fill: parent
+        contentHeight: page.height
+        boundsBehavior: Flickable.StopAtBounds
+
+        T.ScrollBar.vertical: SectionScrollBar {}
+
+        Item {
+            id: page
+
+            width: flick.width
+            height: body.y + body.height + Theme.space6
+
+            ColumnLayout {
+                id: body
+
+                anchors.horizontalCenter: parent.horizontalCenter
+                y: Theme.space5
+                width: Math.min(root.width - 2 * Theme.space6, Theme.measure)
+                spacing: Theme.space3
+
+                RowLayout {
+                    Layout.fillWidth: true
+                    spacing: Theme.space1
+
+                    BackButton {
+                        objectName: "back"
+                        help: root.model.backName
+                        onClicked: root.model.back()
+                    }
+                    Item {
+                        Layout.fillWidth: true
+                    }
+                    GhostButton {
+                        objectName: "scanAnother"
+                        text: root.model.scanAnotherLabel
+                        onClicked: root.model.scanAnother()
+                    }
+                }
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    Layout.bottomMargin: Theme.space1
+                    spacing: 6
+
+                    PageTitle {
+                        objectName: "resultsTitle"
+                        text: root.model.title
+                    }
+                    Txt {
+                        objectName: "summary"
+                        Layout.fillWidth: true
+                        text: root.model.summary
+                        size: Theme.rowSize
+                        color: Theme.ink2
+                        wrapMode: Text.WordWrap
+                        lineHeight: 1.25
+                    }
+                }
+                Banner {
+                    objectName: "stoppedBar"
+                    Layout.fillWidth: true
+                    visible: root.model.stopped
+                    symbol: root.model.stoppedSymbol
+                    title: root.model.stoppedTitle
+                    text: root.model.stoppedText
+
+                    GhostButton {
+                        objectName: "quit"
+                        text: root.model.quitLabel
+                        boxed: true
+                        tint: Theme.orangeInk
+                        implicitHeight: 36
+                        onClicked: root.model.quit()
+                    }
+                }
+                EmptyResult {
+                    Layout.fillWidth: true
+                    visible: root.model.nothing !== ""
+                    text: root.model.nothing
+                }
+                Repeater {
+                    model: root.model.categories
+
+                    CategoryCard {
+                        Layout.fillWidth: true
+                        messages: root.model.messages
+                        messagesName: root.model.messagesName
+                        onToggled: root.model.toggleCategory(index)
+                        onFocusCame: item => root.reveal(item)
+                    }
+                }
+            }
+        }
+    }
+}

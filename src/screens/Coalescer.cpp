@@ -8,7 +8,8 @@ namespace brindlet::screens {
 Coalescer::Coalescer(Observable& observed, std::function<void()> refresh)
     : refresh_(std::move(refresh)), subscription_(observed.subscribe([this] {
           if (std::exchange(queued_, true)) return;
-          QMetaObject::invokeMethod(this, [this] { refreshNow(); }, Qt::QueuedConnection);
+          QMetaObject::invokeMethod(
+              this, [this] { refreshNow(); }, Qt::QueuedConnection);
       })) {}
 
 void Coalescer::refreshNow() {

@@ -45,10 +45,6 @@ Window {
         width: parent.width
         height: parent.height
         focus: true
-        sourceComponent: root.app.screen === AppModel.Permission ? permission
-                       : root.app.screen === AppModel.Pick ? pick
-                       : root.app.screen === AppModel.Scanning ? scanning
-                       : root.app.screen === AppModel.Results ? results : welcome
         onLoaded: {
             stage.forceActiveFocus();
             if (!first)
@@ -77,40 +73,32 @@ Window {
             }
         }
     }
+    Connections {
+        target: root.app
 
-    Component {
-        id: welcome
-
-        WelcomeScreen {
-            model: root.app.welcome
+        function onScreenChanged(): void {
+            root.showScreen();
         }
     }
-    Component {
-        id: permission
+    Component.onCompleted: root.showScreen()
 
-        PermissionScreen {
-            model: root.app.permission
-        }
-    }
-    Component {
-        id: pick
-
-        PickScreen {
-            model: root.app.pick
-        }
-    }
-    Component {
-        id: scanning
-
-        ScanningScreen {
-            model: root.app.scanning
-        }
-    }
-    Component {
-        id: results
-
-        ResultsScreen {
-            model: root.app.results
+    function showScreen(): void {
+        switch (root.app.screen) {
+        case AppModel.Welcome:
+            stage.setSource("WelcomeScreen.qml", { "model": root.app.welcome });
+            break;
+        case AppModel.Permission:
+            stage.setSource("PermissionScreen.qml", { "model": root.app.permission });
+            break;
+        case AppModel.Pick:
+            stage.setSource("PickScreen.qml", { "model": root.app.pick });
+            break;
+        case AppModel.Scanning:
+            stage.setSource("ScanningScreen.qml", { "model": root.app.scanning });
+            break;
+        case AppModel.Results:
+            stage.setSource("ResultsScreen.qml", { "model": root.app.results });
+            break;
         }
     }
 }

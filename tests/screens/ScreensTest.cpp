@@ -92,12 +92,14 @@ void ScreensTest::results() {
     });
     look(stage, "7-results");
     stage.window()->resize(1080, 740);
-    QVERIFY(stage.click("categoryHeader0"));
+    QVERIFY(stage.click("category0"));
     look(stage, "8-open");
     stage.state->verdicts.set(VerdictList());
     stage.state->scanError.set(
-        "Brindlet could only read 499 of 1,000 messages on disk, so this scan was stopped before it "
-        "wasted your time. This normally means Full Disk Access was lost - quit Brindlet and open it "
+        "Brindlet could only read 499 of 1,000 messages on disk, so this scan was stopped before "
+        "it "
+        "wasted your time. This normally means Full Disk Access was lost - quit Brindlet and open "
+        "it "
         "again.");
     look(stage, "9-stopped");
     stage.state->scanError.set(std::nullopt);

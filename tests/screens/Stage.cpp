@@ -82,7 +82,7 @@ VerdictList verdicts(int count) {
         if (i % 17 != 3) verdict.messageID = std::to_string(i) + "@letters.example";
         verdict.sender = "Quill & Thread <hello" + std::to_string(i % 40) + "@quill.example>";
         verdict.subject = "New arrivals picked for you, number " + std::to_string(i);
-        verdict.category = categories[static_cast<std::size_t>(i * i % 10)];
+        verdict.category = categories[static_cast<std::size_t>((i % 10) * (i % 10) % 10)];
         verdict.isJunk = isDefaultJunk(verdict.category);
         if (verdict.isJunk && i % 23 == 5) {
             verdict.isJunk = false;

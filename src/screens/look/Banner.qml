@@ -47,7 +47,6 @@ Rectangle {
                 size: Theme.rowSize
                 color: root.title === "" ? Theme.ink : Theme.ink2
                 wrapMode: Text.WordWrap
-                lineHeight: 1.2
             }
         }
         Row {

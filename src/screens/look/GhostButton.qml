@@ -10,7 +10,7 @@ T.Button {
     property bool boxed: false
     property string help: ""
 
-    implicitWidth: Math.max(32, row.implicitWidth + (text === "" ? 14 : 22))
+    implicitWidth: Math.max(32, implicitContentWidth + (text === "" ? 14 : 22))
     implicitHeight: 32
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
@@ -29,30 +29,10 @@ T.Button {
             shown: root.visualFocus
         }
     }
-    contentItem: Item {
-        Row {
-            id: row
-
-            anchors.centerIn: parent
-            spacing: 6
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: root.symbol !== ""
-                symbol: root.symbol
-                color: root.tint
-                size: 16
-            }
-            Txt {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: root.text !== ""
-                text: root.text
-                color: root.tint
-                size: Theme.rowSize
-                weight: Font.Medium
-                Accessible.ignored: true
-            }
-        }
+    contentItem: ButtonFace {
+        symbol: root.symbol
+        text: root.text
+        tint: root.tint
     }
 
     Accessible.name: root.text !== "" ? root.text : root.help

@@ -54,11 +54,7 @@ T.ComboBox {
         symbol: "chevron.down"
         size: 14
     }
-    delegate: MenuPickerRow {
-        width: ListView.view ? ListView.view.width : 0
-        chosen: index === root.choices.chosen
-        highlighted: root.highlightedIndex === index
-    }
+    delegate: MenuPickerRow {}
     popup: MenuPickerPopup {
         y: root.height + 4
         width: root.width

@@ -5,11 +5,12 @@ import QtQuick.Templates as T
 T.Popup {
     id: root
 
+    // The picker's own delegates; the toolkit has no name for their type.
     required property var rows
     required property int current
     required property string title
 
-    implicitHeight: Math.min(list.contentHeight + 2 * padding, 280)
+    implicitHeight: Math.min(implicitContentHeight + 2 * padding, 280)
     padding: 5
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
@@ -33,8 +34,7 @@ T.Popup {
         }
     }
     contentItem: ListView {
-        id: list
-
+        implicitHeight: contentHeight
         model: root.visible ? root.rows : null
         currentIndex: root.current
         clip: true

@@ -5,11 +5,12 @@ import QtQuick.Templates as T
 T.ItemDelegate {
     id: root
 
-    required property int index
     required property string label
-    property bool chosen: false
+    required property bool chosen
 
     implicitHeight: 34
+    width: ListView.view ? ListView.view.width : 0
+    highlighted: ListView.isCurrentItem
     hoverEnabled: true
 
     background: Rectangle {

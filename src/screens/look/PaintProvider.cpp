@@ -50,7 +50,8 @@ QImage PaintProvider::glow(const QColor& colour, int pixels) {
     Noise noise;
     const float strength = static_cast<float>(colour.alphaF()) * 255.0F;
     const auto tinted = [&](float channel, int alpha, float grain) {
-        return std::min(alpha, static_cast<int>(channel * static_cast<float>(alpha) + grain * 0.99F));
+        return std::min(alpha,
+                        static_cast<int>(channel * static_cast<float>(alpha) + grain * 0.99F));
     };
     for (int y = 0; y < pixels; ++y) {
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
@@ -82,7 +83,8 @@ QImage PaintProvider::shadow(const QColor& colour, int radius, int blur) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(Qt::black);
-        painter.drawRoundedRect(QRectF(blur, blur, side - 2 * blur, side - 2 * blur), radius, radius);
+        painter.drawRoundedRect(QRectF(blur, blur, side - 2 * blur, side - 2 * blur), radius,
+                                radius);
     }
     std::vector<float> field(static_cast<std::size_t>(side * side));
     for (int y = 0; y < side; ++y)

@@ -1,6 +1,6 @@
 import QtQuick
-import Brindlet.Screens
 import QtQuick.Templates as T
+import Brindlet.Screens
 
 // The one main action of a screen, where the round button would be too much.
 T.Button {
@@ -9,7 +9,7 @@ T.Button {
     property string symbol: ""
     readonly property real light: down ? 0.94 : hovered ? 1.05 : 1
 
-    implicitWidth: row.implicitWidth + 36
+    implicitWidth: implicitContentWidth + 36
     implicitHeight: 40
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
@@ -28,27 +28,13 @@ T.Button {
             around: Theme.mainButtonRadius
         }
     }
-    contentItem: Item {
-        Row {
-            id: row
-
-            anchors.centerIn: parent
-            spacing: 8
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: root.symbol !== ""
-                symbol: root.symbol
-                color: Theme.onTint
-            }
-            Txt {
-                anchors.verticalCenter: parent.verticalCenter
-                text: root.text
-                color: Theme.onTint
-                weight: Font.DemiBold
-                Accessible.ignored: true
-            }
-        }
+    contentItem: ButtonFace {
+        symbol: root.symbol
+        symbolSize: 18
+        text: root.text
+        size: Theme.bodySize
+        weight: Font.DemiBold
+        tint: Theme.onTint
     }
 
     Accessible.name: root.text

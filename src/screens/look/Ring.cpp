@@ -37,7 +37,8 @@ void Ring::paint(QPainter* painter) {
     // The round ends are drawn by hand: a pen's own would wrap the gradient at its seam.
     const auto end = [&](qreal at, const QColor& tint) {
         const qreal angle = (at - 0.25) * 2 * std::numbers::pi;
-        const QPointF middle = circle.center() + QPointF(std::cos(angle), std::sin(angle)) * side / 2;
+        const QPointF middle =
+            circle.center() + QPointF(std::cos(angle), std::sin(angle)) * side / 2;
         painter->setPen(Qt::NoPen);
         painter->setBrush(tint);
         painter->drawEllipse(middle, thickness_ / 2, thickness_ / 2);

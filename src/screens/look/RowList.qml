@@ -6,6 +6,8 @@ ListView {
     id: root
 
     required property string name
+    // By a click, by Space or Return, or by a screen reader.
+    signal rowChosen(row: int)
 
     clip: true
     focus: true
@@ -17,6 +19,9 @@ ListView {
     reuseItems: true
     cacheBuffer: 5 * Theme.rowHeight
 
+    Keys.onSpacePressed: root.rowChosen(root.currentIndex)
+    Keys.onReturnPressed: root.rowChosen(root.currentIndex)
+    Keys.onEnterPressed: root.rowChosen(root.currentIndex)
     Keys.onPressed: event => {
         const page = Math.max(1, Math.floor(root.height / Theme.rowHeight) - 1);
         const to = event.key === Qt.Key_Home ? 0
@@ -29,7 +34,18 @@ ListView {
             root.currentIndex = to;
     }
 
+    TapHandler {
+        onTapped: point => root.tapped(root.indexAt(point.position.x + root.contentX,
+                                                    point.position.y + root.contentY))
+    }
     T.ScrollBar.vertical: SectionScrollBar {}
+
+    function tapped(row: int): void {
+        if (row < 0)
+            return;
+        root.currentIndex = row;
+        root.rowChosen(row);
+    }
 
     Accessible.role: Accessible.List
     Accessible.name: root.name

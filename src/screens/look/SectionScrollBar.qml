@@ -8,7 +8,8 @@ T.ScrollBar {
     implicitWidth: 10
     padding: 2
     minimumSize: 0.06
-    policy: size < 1 ? T.ScrollBar.AlwaysOn : T.ScrollBar.AlwaysOff
+    policy: T.ScrollBar.AlwaysOn
+    visible: size < 1
 
     contentItem: Rectangle {
         implicitWidth: 6

@@ -18,7 +18,8 @@ void drawBlack(QPainter& painter, QString document, int pixels) {
 }  // namespace
 
 // The renderer knows neither masks nor clips, so a symbol's group "cut" is what is taken out of the
-// rest. Colouring comes last and once: then overlapping strokes of a translucent colour do not show.
+// rest. Colouring comes last and once: then overlapping strokes of a translucent colour do not
+// show.
 QImage SymbolProvider::render(const QString& name, const QColor& colour, int pixels) {
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -28,9 +29,8 @@ QImage SymbolProvider::render(const QString& name, const QColor& colour, int pix
         return image;
     }
     const auto document = QString::fromUtf8(file.readAll());
-    static const QRegularExpression cutGroup(
-        QStringLiteral("<g id=\"cut\".*?</g>"),
-        QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression cutGroup(QStringLiteral("<g id=\"cut\".*?</g>"),
+                                             QRegularExpression::DotMatchesEverythingOption);
     const auto cut = cutGroup.match(document);
 
     QPainter painter(&image);

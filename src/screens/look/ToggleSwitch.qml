@@ -8,7 +8,7 @@ T.Switch {
     required property bool on
     signal asked(bool on)
 
-    implicitWidth: indicator.width + Theme.space3 + label.implicitWidth
+    implicitWidth: implicitContentWidth
     implicitHeight: 32
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
@@ -60,18 +60,13 @@ T.Switch {
             around: 11
         }
     }
-    contentItem: Item {
-        Txt {
-            id: label
-
-            anchors.verticalCenter: parent.verticalCenter
-            x: root.indicator.width + Theme.space3
-            width: parent.width - x
-            text: root.text
-            size: Theme.rowSize
-            wrapMode: Text.WordWrap
-            Accessible.ignored: true
-        }
+    contentItem: Txt {
+        leftPadding: root.indicator.width + Theme.space3
+        text: root.text
+        size: Theme.rowSize
+        wrapMode: Text.WordWrap
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
     }
 
     Accessible.role: Accessible.CheckBox

@@ -9,12 +9,19 @@ int ChoicesModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant ChoicesModel::data(const QModelIndex& index, int role) const {
-    if (role != LabelRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-    return qtText(menu_.labels[static_cast<std::size_t>(index.row())]);
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    switch (role) {
+        case LabelRole:
+            return qtText(menu_.labels[static_cast<std::size_t>(index.row())]);
+        case ChosenRole:
+            return index.row() == menu_.chosen;
+        default:
+            return {};
+    }
 }
 
 QHash<int, QByteArray> ChoicesModel::roleNames() const {
-    return {{LabelRole, "label"}};
+    return {{LabelRole, "label"}, {ChosenRole, "chosen"}};
 }
 
 void ChoicesModel::set(PickMenu menu) {
@@ -22,7 +29,10 @@ void ChoicesModel::set(PickMenu menu) {
     if (!otherLabels && menu.chosen == menu_.chosen) return;
     if (otherLabels) beginResetModel();
     menu_ = std::move(menu);
-    if (otherLabels) endResetModel();
+    if (otherLabels)
+        endResetModel();
+    else
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {ChosenRole});
     Q_EMIT chosenChanged();
 }
 

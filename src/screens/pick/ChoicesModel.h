@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
+#include <QAbstractListModel>
 
 #include "words/PickWords.h"
 
@@ -16,7 +16,7 @@ class ChoicesModel : public QAbstractListModel {
     Q_PROPERTY(int chosen READ chosen NOTIFY chosenChanged)
 
   public:
-    enum Role { LabelRole = Qt::UserRole + 1 };
+    enum Role { LabelRole = Qt::UserRole + 1, ChosenRole };
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

@@ -53,8 +53,6 @@ FocusScope {
             color: Theme.line
         }
         RowList {
-            id: list
-
             objectName: "folders"
             Layout.fillWidth: true
             Layout.fillHeight: true
@@ -65,14 +63,9 @@ FocusScope {
             // Where the arrow keys begin.
             currentIndex: 0
 
-            Keys.onSpacePressed: root.model.chooseFolder(list.currentIndex)
-            Keys.onReturnPressed: root.model.chooseFolder(list.currentIndex)
-            Keys.onEnterPressed: root.model.chooseFolder(list.currentIndex)
+            onRowChosen: row => root.model.chooseFolder(row)
 
-            delegate: FolderRow {
-                width: ListView.view ? ListView.view.width : 0
-                onChosen: root.model.chooseFolder(index)
-            }
+            delegate: FolderRow {}
         }
     }
 }

@@ -16,17 +16,18 @@ Item {
     required property int statusTone
     required property bool selectable
     required property bool selected
-    readonly property bool hasKeyboard: ListView.isCurrentItem && ListView.view
-                                        && ListView.view.activeFocus
-    signal chosen()
+    required property string description
+    readonly property RowList list: ListView.view as RowList
+    readonly property bool hasKeyboard: ListView.isCurrentItem && list !== null && list.activeFocus
 
+    width: list ? list.width : 0
     implicitHeight: 56
     opacity: selectable ? 1 : 0.55
 
     Rectangle {
         anchors.fill: parent
         anchors.leftMargin: 6
-        anchors.rightMargin: 6
+        anchors.rightMargin: 12
         anchors.topMargin: 1
         anchors.bottomMargin: 1
         radius: Theme.rowRadius
@@ -38,14 +39,10 @@ Item {
     HoverHandler {
         id: hover
     }
-    TapHandler {
-        enabled: root.selectable
-        onTapped: root.chosen()
-    }
     RowLayout {
         anchors.fill: parent
         anchors.leftMargin: 18
-        anchors.rightMargin: 20
+        anchors.rightMargin: 26
         spacing: Theme.space3
 
         Symbol {
@@ -61,7 +58,7 @@ Item {
 
                 Txt {
                     // The tag keeps its place; a long name gives way.
-                    Layout.maximumWidth: root.width - 270
+                    Layout.maximumWidth: root.width - 290
                     text: root.name
                     weight: Font.DemiBold
                     elide: Text.ElideMiddle
@@ -103,8 +100,8 @@ Item {
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.name
-    Accessible.description: [root.tag, root.note, root.statusTag, root.status].filter(Boolean).join(", ")
+    Accessible.description: root.description
     Accessible.checkable: true
     Accessible.checked: root.selected
-    Accessible.onPressAction: if (root.selectable) root.chosen()
+    Accessible.onPressAction: root.list.rowChosen(root.index)
 }

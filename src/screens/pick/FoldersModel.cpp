@@ -34,6 +34,8 @@ QVariant FoldersModel::data(const QModelIndex& index, int role) const {
             return folder.selectable;
         case SelectedRole:
             return folder.selected;
+        case DescriptionRole:
+            return spokenList({folder.tag.text, folder.note, folder.statusTag.text, folder.status});
         default:
             return {};
     }
@@ -48,13 +50,13 @@ QHash<int, QByteArray> FoldersModel::roleNames() const {
             {StatusTagRole, "statusTag"},
             {StatusToneRole, "statusTone"},
             {SelectableRole, "selectable"},
-            {SelectedRole, "selected"}};
+            {SelectedRole, "selected"},
+            {DescriptionRole, "description"}};
 }
 
 bool FoldersModel::sameFolders(const std::vector<FolderWords>& folders) const {
-    return std::equal(
-        folders.begin(), folders.end(), folders_.begin(), folders_.end(),
-        [](const FolderWords& a, const FolderWords& b) { return a.id == b.id; });
+    return std::equal(folders.begin(), folders.end(), folders_.begin(), folders_.end(),
+                      [](const FolderWords& a, const FolderWords& b) { return a.id == b.id; });
 }
 
 void FoldersModel::set(const std::vector<FolderWords>& folders) {

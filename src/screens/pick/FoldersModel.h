@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
+#include <QAbstractListModel>
 #include <vector>
 
 #include "words/FolderWords.h"
@@ -27,6 +27,7 @@ class FoldersModel : public QAbstractListModel {
         StatusToneRole,
         SelectableRole,
         SelectedRole,
+        DescriptionRole,
     };
 
     int rowCount(const QModelIndex& parent = {}) const override;

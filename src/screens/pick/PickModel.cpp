@@ -151,7 +151,8 @@ void PickModel::dismissVanished() {
 
 void PickModel::chooseAccount(int row) {
     // A copy: selecting must not read from what it replaces.
-    if (const auto* account = at(*state_.accounts, row)) state_.selectAccount(MailAccount(*account));
+    if (const auto* account = at(*state_.accounts, row))
+        state_.selectAccount(MailAccount(*account));
 }
 
 void PickModel::chooseFolder(int row) {

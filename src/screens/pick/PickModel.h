@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QObject>
 #include <QtQml/qqmlregistration.h>
+#include <QObject>
 
 #include "screens/pick/ChoicesModel.h"
 #include "screens/pick/FoldersModel.h"

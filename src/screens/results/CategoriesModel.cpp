@@ -5,6 +5,7 @@
 #include "screens/QtText.h"
 #include "screens/RowChanges.h"
 #include "screens/look/Tone.h"
+#include "screens/results/ResultsModel.h"
 #include "words/SpokenWords.h"
 
 namespace brindlet::screens {
@@ -25,16 +26,17 @@ QVariant CategoriesModel::data(const QModelIndex& index, int role) const {
             return qtText(category.badge.text);
         case BadgeToneRole:
             return tones::of(category.badge);
-        case BadgeHelpRole:
-            return qtText(category.badge.help);
+        case DescriptionRole:
+            return spokenList({category.badge.text, category.badge.help,
+                               category.expanded ? spoken::expanded : spoken::collapsed});
         case ExpandedRole:
             return category.expanded;
-        case StateNameRole:
-            return qtText(category.expanded ? spoken::expanded : spoken::collapsed);
         case ChevronRole:
             return qtText(category.chevron);
         case ScrollLineRole:
             return qtText(category.scroll);
+        case ResultsRole:
+            return QVariant::fromValue(&results_);
         default:
             return {};
     }
@@ -45,18 +47,17 @@ QHash<int, QByteArray> CategoriesModel::roleNames() const {
             {CountRole, "count"},
             {BadgeRole, "badge"},
             {BadgeToneRole, "badgeTone"},
-            {BadgeHelpRole, "badgeHelp"},
+            {DescriptionRole, "description"},
             {ExpandedRole, "expanded"},
-            {StateNameRole, "stateName"},
             {ChevronRole, "chevron"},
-            {ScrollLineRole, "scrollLine"}};
+            {ScrollLineRole, "scrollLine"},
+            {ResultsRole, "results"}};
 }
 
 void CategoriesModel::set(const std::vector<CategoryWords>& categories) {
-    const bool same = std::equal(categories.begin(), categories.end(), categories_.begin(),
-                                 categories_.end(), [](const auto& a, const auto& b) {
-                                     return a.category == b.category;
-                                 });
+    const bool same =
+        std::equal(categories.begin(), categories.end(), categories_.begin(), categories_.end(),
+                   [](const auto& a, const auto& b) { return a.category == b.category; });
     if (same) {
         for (const int row : adoptChanged(categories_, categories))
             Q_EMIT dataChanged(index(row), index(row));

@@ -1,14 +1,17 @@
 #pragma once
 
-#include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
+#include <QAbstractListModel>
 #include <vector>
 
 #include "words/CategoryWords.h"
 
 namespace brindlet::screens {
 
-/// The headers of the categories that have messages.
+class ResultsModel;
+
+/// The headers of the categories that have messages. Each row also leads to the results' model,
+/// which must outlive this one: what it opens is there.
 class CategoriesModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -20,12 +23,14 @@ class CategoriesModel : public QAbstractListModel {
         CountRole,
         BadgeRole,
         BadgeToneRole,
-        BadgeHelpRole,
+        DescriptionRole,
         ExpandedRole,
-        StateNameRole,
         ChevronRole,
         ScrollLineRole,
+        ResultsRole,
     };
+
+    explicit CategoriesModel(ResultsModel& results) : results_(results) {}
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -35,6 +40,7 @@ class CategoriesModel : public QAbstractListModel {
     void set(const std::vector<CategoryWords>& categories);
 
   private:
+    ResultsModel& results_;
     std::vector<CategoryWords> categories_;
 };
 

@@ -11,17 +11,12 @@ Card {
     required property string count
     required property string badge
     required property int badgeTone
-    required property string badgeHelp
+    required property string description
     required property bool expanded
-    required property string stateName
     required property string chevron
     required property string scrollLine
-    required property MessagesModel messages
-    required property string messagesName
-    signal toggled()
-    signal focusCame(item: Item)
+    required property ResultsModel results
 
-    objectName: "category" + index
     implicitHeight: column.implicitHeight
 
     ColumnLayout {
@@ -31,28 +26,22 @@ Card {
         spacing: 0
 
         CategoryHeader {
-            objectName: "categoryHeader" + root.index
+            objectName: "category" + root.index
             Layout.fillWidth: true
             label: root.label
             count: root.count
             badge: root.badge
             badgeTone: root.badgeTone
-            badgeHelp: root.badgeHelp
-            stateName: root.stateName
+            description: root.description
             chevron: root.chevron
-            onClicked: root.toggled()
-            onVisualFocusChanged: if (visualFocus) root.focusCame(this)
+            onClicked: root.results.toggleCategory(root.index)
         }
-        Loader {
+        MessageSection {
             Layout.fillWidth: true
-            active: root.expanded
-            visible: active
-            sourceComponent: MessageSection {
-                messages: root.messages
-                name: root.messagesName
-                scrollLine: root.scrollLine
-                onFocusCame: root.focusCame(this)
-            }
+            visible: root.expanded
+            messages: root.expanded ? root.results.messages : null
+            name: root.results.messagesName
+            scrollLine: root.scrollLine
         }
     }
 }

@@ -11,8 +11,7 @@ T.Button {
     required property string count
     required property string badge
     required property int badgeTone
-    required property string badgeHelp
-    required property string stateName
+    required property string description
     required property string chevron
 
     implicitHeight: Theme.headerHeight
@@ -65,6 +64,6 @@ T.Button {
     }
 
     Accessible.name: root.label + ", " + root.count
-    Accessible.description: [root.badge, root.badgeHelp, root.stateName].filter(Boolean).join(", ")
+    Accessible.description: root.description
     Accessible.onPressAction: root.clicked()
 }

@@ -6,17 +6,18 @@ Item {
     id: root
 
     required property bool heading
+    required property string description
     required property string subject
     required property string sender
     required property string tickSymbol
-    required property string tickHelp
     required property bool canTick
     required property string mark
     required property int markTone
     readonly property bool ticked: tickSymbol === "checkmark.square.fill"
-    readonly property bool hasKeyboard: ListView.isCurrentItem && ListView.view
-                                        && ListView.view.activeFocus
+    readonly property RowList list: ListView.view as RowList
+    readonly property bool hasKeyboard: ListView.isCurrentItem && list !== null && list.activeFocus
 
+    width: list ? list.width : 0
     implicitHeight: Theme.rowHeight
 
     HoverHandler {
@@ -25,7 +26,7 @@ Item {
     Rectangle {
         anchors.fill: parent
         anchors.leftMargin: 6
-        anchors.rightMargin: 6
+        anchors.rightMargin: 12
         anchors.topMargin: 1
         anchors.bottomMargin: 1
         radius: Theme.rowRadius
@@ -75,7 +76,7 @@ Item {
 
         anchors.verticalCenter: parent.verticalCenter
         anchors.right: parent.right
-        anchors.rightMargin: 20
+        anchors.rightMargin: 26
         text: root.mark
         tone: root.markTone
         Accessible.ignored: true
@@ -83,7 +84,7 @@ Item {
 
     Accessible.role: root.heading ? Accessible.Heading : Accessible.ListItem
     Accessible.name: root.heading ? root.subject : root.subject + ", " + root.sender
-    Accessible.description: [root.mark, root.tickHelp].filter(Boolean).join(", ")
+    Accessible.description: root.description
     Accessible.checkable: root.canTick
     Accessible.checked: root.ticked
 }

@@ -3,53 +3,43 @@ import QtQuick.Layouts
 import Brindlet.Screens
 
 // The messages of the open category, in a frame of at most eight rows.
-FocusScope {
+ColumnLayout {
     id: root
 
     required property MessagesModel messages
     required property string name
     required property string scrollLine
-    signal focusCame()
+    readonly property int mostRows: 8
 
-    implicitHeight: column.implicitHeight
+    spacing: 0
 
-    ColumnLayout {
-        id: column
+    Rectangle {
+        Layout.fillWidth: true
+        implicitHeight: 1
+        color: Theme.line
+    }
+    RowList {
+        id: list
 
-        width: parent.width
-        spacing: 0
+        objectName: "messages"
+        Layout.fillWidth: true
+        Layout.topMargin: 5
+        Layout.bottomMargin: 5
+        Layout.preferredHeight: Math.min(count, root.mostRows) * Theme.rowHeight
+        name: root.name
+        model: root.messages
+        currentIndex: 0
 
-        Rectangle {
-            Layout.fillWidth: true
-            implicitHeight: 1
-            color: Theme.line
-        }
-        RowList {
-            id: list
-
-            objectName: "messages"
-            Layout.fillWidth: true
-            Layout.topMargin: 5
-            Layout.bottomMargin: 5
-            Layout.preferredHeight: Math.min(count * Theme.rowHeight, 8 * Theme.rowHeight)
-            name: root.name
-            model: root.messages
-            currentIndex: 0
-            onActiveFocusChanged: if (activeFocus) root.focusCame()
-
-            delegate: MessageRow {
-                width: ListView.view ? ListView.view.width : 0
-            }
-        }
-        Txt {
-            objectName: "scrollLine"
-            Layout.alignment: Qt.AlignHCenter
-            Layout.topMargin: Theme.space1
-            Layout.bottomMargin: Theme.space3
-            visible: list.count > 8
-            text: root.scrollLine
-            size: 11
-            color: Theme.ink3
-        }
+        delegate: MessageRow {}
+    }
+    Txt {
+        objectName: "scrollLine"
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: Theme.space1
+        Layout.bottomMargin: Theme.space3
+        visible: list.count > root.mostRows
+        text: root.scrollLine
+        size: 11
+        color: Theme.ink3
     }
 }

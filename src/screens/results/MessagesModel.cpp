@@ -29,8 +29,8 @@ QVariant MessagesModel::data(const QModelIndex& index, int role) const {
             return qtText(words.sender);
         case TickSymbolRole:
             return qtText(words.tickSymbol);
-        case TickHelpRole:
-            return qtText(words.tickHelp);
+        case DescriptionRole:
+            return spokenList({words.mark.text, words.tickHelp});
         case CanTickRole:
             return words.canTick;
         case MarkRole:
@@ -43,10 +43,14 @@ QVariant MessagesModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> MessagesModel::roleNames() const {
-    return {{HeadingRole, "heading"},       {SubjectRole, "subject"},
-            {SenderRole, "sender"},         {TickSymbolRole, "tickSymbol"},
-            {TickHelpRole, "tickHelp"},     {CanTickRole, "canTick"},
-            {MarkRole, "mark"},             {MarkToneRole, "markTone"}};
+    return {{HeadingRole, "heading"},
+            {SubjectRole, "subject"},
+            {SenderRole, "sender"},
+            {TickSymbolRole, "tickSymbol"},
+            {DescriptionRole, "description"},
+            {CanTickRole, "canTick"},
+            {MarkRole, "mark"},
+            {MarkToneRole, "markTone"}};
 }
 
 void MessagesModel::reset(const CategoryRows& rows, const std::string& heading) {

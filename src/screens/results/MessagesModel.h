@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
+#include <QAbstractListModel>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -16,8 +16,8 @@ namespace brindlet::screens {
 
 /// The rows of the open category, flattened: messages, and the heading over those that protection
 /// kept. A row holds no more than where its verdict stands, and words are made when a view asks, so
-/// fifty thousand rows cost nothing until they are scrolled to. Built by hand instead of on a proxy:
-/// one reset is cheaper than thousands of row signals.
+/// fifty thousand rows cost nothing until they are scrolled to. Built by hand instead of on a
+/// proxy: one reset is cheaper than thousands of row signals.
 class MessagesModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -29,7 +29,7 @@ class MessagesModel : public QAbstractListModel {
         SubjectRole,
         SenderRole,
         TickSymbolRole,
-        TickHelpRole,
+        DescriptionRole,
         CanTickRole,
         MarkRole,
         MarkToneRole,

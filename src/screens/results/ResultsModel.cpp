@@ -6,7 +6,7 @@
 
 namespace brindlet::screens {
 
-ResultsModel::ResultsModel(AppState& state) : state_(state), messages_(state) {}
+ResultsModel::ResultsModel(AppState& state) : state_(state), categories_(*this), messages_(state) {}
 
 void ResultsModel::refresh() {
     refreshLists();
@@ -21,7 +21,8 @@ void ResultsModel::refreshLists() {
     const Revisions now{state_.verdicts.revision(), state_.folder.revision(),
                         state_.expand.revision(), state_.approved.revision()};
     const bool otherVerdicts = !shown_ || shown_->verdicts != now.verdicts;
-    const bool otherCategory = !shown_ || shown_->expand != now.expand || shown_->folder != now.folder;
+    const bool otherCategory =
+        !shown_ || shown_->expand != now.expand || shown_->folder != now.folder;
     const bool otherTicks = !shown_ || shown_->approved != now.approved;
     shown_ = now;
 

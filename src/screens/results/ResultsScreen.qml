@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import QtQuick.Window
 import Brindlet.Screens
 
 FocusScope {
@@ -8,14 +9,24 @@ FocusScope {
 
     required property ResultsModel model
 
+    readonly property Item focusItem: Window.activeFocusItem
+    readonly property T.Control focusControl: focusItem as T.Control
+    // Not for the mouse: a button that moves away under the pointer is not clicked.
+    readonly property bool keyboardLeads: focusControl === null || focusControl.visualFocus
+
     objectName: "resultsScreen"
 
     Keys.onEscapePressed: root.model.back()
+    onFocusItemChanged: Qt.callLater(root.reveal)
 
     // Scrolls no further than needed to show what the keyboard came to.
-    function reveal(item: Item): void {
-        const top = item.mapToItem(page, 0, 0).y;
-        const least = top + item.height + Theme.space5 - flick.height;
+    function reveal(): void {
+        if (root.focusItem !== null && root.keyboardLeads)
+            root.show(root.focusItem.mapToItem(page, 0, 0).y, root.focusItem.height);
+    }
+
+    function show(top: real, height: real): void {
+        const least = top + height + Theme.space5 - flick.height;
         flick.contentY = Math.max(0, Math.min(Math.max(flick.contentY, least), top - Theme.space5));
     }
 
@@ -107,10 +118,6 @@ FocusScope {
 
                     CategoryCard {
                         Layout.fillWidth: true
-                        messages: root.model.messages
-                        messagesName: root.model.messagesName
-                        onToggled: root.model.toggleCategory(index)
-                        onFocusCame: item => root.reveal(item)
                     }
                 }
             }

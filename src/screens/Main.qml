@@ -23,6 +23,16 @@ Window {
         property: "dark"
         value: root.app.dark
     }
+    InputWatch {
+        id: input
+
+        window: root
+    }
+    Binding {
+        target: Theme
+        property: "keyboardLeads"
+        value: input.keyboardLeads
+    }
     Rectangle {
         anchors.fill: parent
         gradient: Gradient {

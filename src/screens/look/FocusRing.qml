@@ -4,7 +4,7 @@ import QtQuick
 Rectangle {
     id: root
 
-    required property bool shown
+    required property Item control
     property int around: Theme.buttonRadius
     property int gap: 3
 
@@ -14,7 +14,7 @@ Rectangle {
     color: "transparent"
     border.width: 2
     border.color: Theme.lavenderInk
-    visible: shown
+    visible: control.activeFocus && Theme.keyboardLeads
 
     Accessible.ignored: true
 }

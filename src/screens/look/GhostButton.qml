@@ -26,7 +26,7 @@ T.Button {
              : root.boxed ? Theme.wash(root.tint, 0.12) : "transparent"
 
         FocusRing {
-            shown: root.visualFocus
+            control: root
         }
     }
     contentItem: ButtonFace {

@@ -14,6 +14,8 @@ FocusScope {
     property int textWidth: 470
     default property alias content: beneath.data
 
+    focus: true
+
     Glow {
         anchors.horizontalCenter: parent.horizontalCenter
         y: column.y + 40 - height / 2

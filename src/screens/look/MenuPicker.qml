@@ -37,7 +37,7 @@ T.ComboBox {
         border.color: root.hovered || root.popup.visible ? Theme.ink3 : Theme.line
 
         FocusRing {
-            shown: root.visualFocus
+            control: root
         }
     }
     contentItem: Txt {

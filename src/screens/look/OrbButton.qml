@@ -44,7 +44,7 @@ T.Button {
             to: Qt.lighter(Theme.blue, root.light)
         }
         FocusRing {
-            shown: root.visualFocus
+            control: root
             around: root.width / 2
             gap: 5
         }

@@ -24,7 +24,7 @@ T.Button {
         to: Qt.lighter(Theme.blue, root.light)
 
         FocusRing {
-            shown: root.visualFocus
+            control: root
             around: Theme.mainButtonRadius
         }
     }

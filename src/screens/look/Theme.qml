@@ -5,6 +5,8 @@ import QtQuick
 // exact tints as washes only and writes in darker inks of the same hue, for the contrast.
 QtObject {
     property bool dark: true
+    // The focus shows to those who steer by the keyboard.
+    property bool keyboardLeads: false
 
     readonly property color ground: dark ? "#13111c" : "#f6f4fb"
     readonly property color groundHigh: dark ? "#1b1728" : "#fcfbff"

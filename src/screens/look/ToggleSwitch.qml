@@ -56,7 +56,7 @@ T.Switch {
             }
         }
         FocusRing {
-            shown: root.visualFocus
+            control: root
             around: 11
         }
     }

@@ -18,7 +18,8 @@ Item {
     required property bool selected
     required property string description
     readonly property RowList list: ListView.view as RowList
-    readonly property bool hasKeyboard: ListView.isCurrentItem && list !== null && list.activeFocus
+    readonly property bool hasKeyboard: Theme.keyboardLeads && ListView.isCurrentItem
+                                        && list !== null && list.activeFocus
 
     width: list ? list.width : 0
     implicitHeight: 56

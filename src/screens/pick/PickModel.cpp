@@ -22,6 +22,7 @@ PickModel::PickModel(AppState& state) : state_(state) {}
 
 void PickModel::appear() {
     state_.refreshFolders();
+    state_.refreshInReach();
 }
 
 void PickModel::refresh() {

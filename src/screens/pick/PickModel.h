@@ -52,7 +52,8 @@ class PickModel : public QObject {
 
     explicit PickModel(AppState& state);
 
-    /// The screen comes on show: folders added in the mail program since must be seen.
+    /// The screen comes on show: folders added in the mail program since must be seen, and a scan
+    /// since has left less to sort.
     void appear();
     void refresh();
 

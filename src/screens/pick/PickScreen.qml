@@ -9,6 +9,7 @@ FocusScope {
     readonly property bool hasAccounts: model.content === PickModel.Accounts
 
     objectName: "pickScreen"
+    focus: true
 
     Keys.onEscapePressed: root.model.back()
 

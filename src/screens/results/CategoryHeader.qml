@@ -28,7 +28,7 @@ T.Button {
         color: root.down ? Theme.press : root.hovered ? Theme.hover : "transparent"
 
         FocusRing {
-            shown: root.visualFocus
+            control: root
             around: Theme.cardRadius
             gap: 0
         }

@@ -18,8 +18,7 @@ ColumnLayout {
     }
     Txt {
         objectName: "nothing"
-        Layout.alignment: Qt.AlignHCenter
-        Layout.preferredWidth: 440
+        Layout.fillWidth: true
         horizontalAlignment: Text.AlignHCenter
         text: root.text
         size: 15

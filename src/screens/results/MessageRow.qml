@@ -15,7 +15,8 @@ Item {
     required property int markTone
     readonly property bool ticked: tickSymbol === "checkmark.square.fill"
     readonly property RowList list: ListView.view as RowList
-    readonly property bool hasKeyboard: ListView.isCurrentItem && list !== null && list.activeFocus
+    readonly property bool hasKeyboard: Theme.keyboardLeads && ListView.isCurrentItem
+                                        && list !== null && list.activeFocus
 
     width: list ? list.width : 0
     implicitHeight: Theme.rowHeight

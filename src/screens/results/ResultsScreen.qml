@@ -10,18 +10,17 @@ FocusScope {
     required property ResultsModel model
 
     readonly property Item focusItem: Window.activeFocusItem
-    readonly property T.Control focusControl: focusItem as T.Control
-    // Not for the mouse: a button that moves away under the pointer is not clicked.
-    readonly property bool keyboardLeads: focusControl === null || focusControl.visualFocus
 
     objectName: "resultsScreen"
+    focus: true
 
     Keys.onEscapePressed: root.model.back()
     onFocusItemChanged: Qt.callLater(root.reveal)
 
-    // Scrolls no further than needed to show what the keyboard came to.
+    // Scrolls no further than needed to show what the keyboard came to. Not for the mouse: a button
+    // that moves away under the pointer is not clicked.
     function reveal(): void {
-        if (root.focusItem !== null && root.keyboardLeads)
+        if (root.focusItem !== null && Theme.keyboardLeads)
             root.show(root.focusItem.mapToItem(page, 0, 0).y, root.focusItem.height);
     }
 
@@ -108,12 +107,23 @@ FocusScope {
                         onClicked: root.model.quit()
                     }
                 }
+                Banner {
+                    objectName: "nothingBar"
+                    Layout.fillWidth: true
+                    visible: root.model.nothing !== "" && categories.count > 0
+                    symbol: "checkmark.circle"
+                    text: root.model.nothing
+                    tint: Theme.green
+                    ink: Theme.greenInk
+                }
                 EmptyResult {
                     Layout.fillWidth: true
-                    visible: root.model.nothing !== ""
+                    visible: root.model.nothing !== "" && categories.count === 0
                     text: root.model.nothing
                 }
                 Repeater {
+                    id: categories
+
                     model: root.model.categories
 
                     CategoryCard {

@@ -8,6 +8,7 @@ FocusScope {
     required property ScanningModel model
 
     objectName: "scanningScreen"
+    focus: true
 
     Glow {
         anchors.horizontalCenter: parent.horizontalCenter

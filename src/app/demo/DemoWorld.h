@@ -1,0 +1,62 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+
+#include "models/embedded/EmbeddedModel.h"
+#include "platform/Desktop.h"
+#include "platform/Directories.h"
+#include "platform/Power.h"
+#include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/SystemClock.h"
+#include "platform/linux/SystemLocale.h"
+
+namespace brindlet::demo {
+
+/// A home, a temporary folder and a store below one folder of the demo's own.
+class DemoDirectories : public Directories {
+  public:
+    /// Makes the folders.
+    explicit DemoDirectories(std::string root);
+
+    std::string home() const override { return root_ + "/home"; }
+    std::string temporary() const override { return root_ + "/temporary"; }
+    std::string store() const override { return root_ + "/store"; }
+
+  private:
+    std::string root_;
+};
+
+/// Opens nothing; says on standard error what it would have opened.
+class SayingDesktop : public Desktop {
+  public:
+    void openLink(const std::string& url) override;
+    void openDiskAccessSettings() override;
+    void openMail() override;
+};
+
+/// A machine whose plug the tour can pull.
+class PluggedPower : public Power {
+  public:
+    bool onBattery() const override { return battery_; }
+    std::unique_ptr<Activity> keepAwake(const std::string& reason) override;
+    void setOnBattery(bool battery) { battery_ = battery; }
+
+  private:
+    std::atomic<bool> battery_ = false;
+};
+
+/// The adapters of the demo: all that a person could miss is of its own, the rest is real.
+struct DemoWorld {
+    explicit DemoWorld(const std::string& root) : directories(root) {}
+
+    DemoDirectories directories;
+    SystemClock clock;
+    SystemLocale locale;
+    FileUserDefaults defaults;
+    EmbeddedModel model;
+    PluggedPower power;
+    SayingDesktop desktop;
+};
+
+}  // namespace brindlet::demo

@@ -1,0 +1,206 @@
+#include "app/demo/Tour.h"
+
+#include <QDir>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <cstdio>
+#include <utility>
+
+#include "app/MainWindow.h"
+#include "base/Files.h"
+#include "session/AppState.h"
+
+namespace brindlet::demo {
+namespace {
+
+/// How far the ring is when the tour pulls the plug, to have time for a look at it.
+constexpr double lookAt = 0.6;
+
+bool hasFocus(const Hand& hand, const QString& name) {
+    const auto* item = hand.find(name);
+    return item && item->hasActiveFocus();
+}
+
+}  // namespace
+
+Tour::Tour(AppState& state, MainWindow& main, DemoWorld& world, QString pictures)
+    : state_(state),
+      main_(main),
+      world_(world),
+      hand_(*main.window()),
+      pictures_(std::move(pictures)) {}
+
+bool Tour::run() {
+    QDir().mkpath(pictures_);
+    main_.window()->requestActivate();
+    welcome();
+    pick();
+    scan();
+    results();
+    storesStand();
+    secondScan();
+    step(QStringLiteral("nothing was complained of"), [this] {
+        for (const auto& warning : main_.warnings()) std::printf("  %s\n", qPrintable(warning));
+        return main_.warnings().isEmpty();
+    });
+    std::printf(ok_ ? "The tour went well.\n" : "The tour FAILED.\n");
+    std::fflush(stdout);
+    return ok_;
+}
+
+void Tour::step(const QString& what, const std::function<bool()>& deed) {
+    if (!ok_) return;
+    ok_ = deed();
+    std::printf("%s %s\n", ok_ ? "  " : "NO", qPrintable(what));
+    std::fflush(stdout);
+}
+
+void Tour::picture(const QString& name) {
+    const auto path = QStringLiteral("%1/%2-%3.png")
+                          .arg(pictures_)
+                          .arg(++taken_, 2, 10, QLatin1Char('0'))
+                          .arg(name);
+    step(QStringLiteral("take a picture of it: ") + path, [&] { return hand_.picture(path); });
+}
+
+void Tour::welcome() {
+    step(QStringLiteral("the welcome stands, with the keyboard on Start"), [this] {
+        return hand_.await([this] { return hasFocus(hand_, QStringLiteral("start")); });
+    });
+    picture(QStringLiteral("welcome"));
+    step(QStringLiteral("press Return"), [this] {
+        hand_.press(Qt::Key_Return);
+        return true;
+    });
+}
+
+void Tour::pick() {
+    step(QStringLiteral("the mailboxes are found"), [this] {
+        return hand_.await(
+            [this] { return hand_.find(QStringLiteral("folders")) && !*state_.refreshingFolders; });
+    });
+    step(QStringLiteral("the round button waits for a mailbox"), [this] {
+        const auto* sort = hand_.find(QStringLiteral("sort"));
+        return sort && !sort->isEnabled();
+    });
+    step(QStringLiteral("click the first mailbox, the inbox"), [this] {
+        return hand_.clickRow(QStringLiteral("folders"), 0) && hand_.await([this] {
+            return state_.folder->has_value() && state_.inReach->has_value();
+        });
+    });
+    step(QStringLiteral("open the menu of how far back, by keyboard, and take the last entry"),
+         [this] {
+             if (!hand_.tabTo(QStringLiteral("reach"))) return false;
+             hand_.press(Qt::Key_Space);
+             for (int i = 0; i < 4; ++i) hand_.press(Qt::Key_Down);
+             hand_.press(Qt::Key_Return);
+             return hand_.await([this] { return *state_.reach == Reach::everything; });
+         });
+    step(QStringLiteral("the same in the menu of how many"), [this] {
+        if (!hand_.tabTo(QStringLiteral("limit"))) return false;
+        hand_.press(Qt::Key_Space);
+        for (int i = 0; i < 4; ++i) hand_.press(Qt::Key_Down);
+        hand_.press(Qt::Key_Return);
+        return hand_.await([this] { return *state_.limit == 0; });
+    });
+    step(QStringLiteral("the count takes in the whole mailbox"), [this] {
+        return hand_.await([this] { return *state_.inReach == (*state_.folder)->count; });
+    });
+    picture(QStringLiteral("pick"));
+}
+
+void Tour::scan() {
+    // The plug is pulled as soon as enough is done, from the scan's own reports.
+    auto& scanning = *main_.model().scanning();
+    const auto watch = QObject::connect(&scanning, &screens::ScanningModel::wordsChanged, &scanning,
+                                        [this, &scanning] {
+                                            if (*state_.running && scanning.share() >= lookAt)
+                                                world_.power.setOnBattery(true);
+                                        });
+    step(QStringLiteral("click Sort it"), [this] { return hand_.click(QStringLiteral("sort")); });
+    step(QStringLiteral("the ring fills, until the plug is pulled"), [this] {
+        return hand_.await(
+            [this] { return hand_.find(QStringLiteral("keepScanning")) != nullptr; });
+    });
+    QObject::disconnect(watch);
+    step(QStringLiteral("the ring comes to rest"), [this] {
+        const auto* ring = hand_.find(QStringLiteral("ring"));
+        return ring && hand_.await([&] {
+            return ring->property("value").toReal() == main_.model().scanning()->share();
+        });
+    });
+    picture(QStringLiteral("scanning"));
+    step(QStringLiteral("switch on scanning on battery power"),
+         [this] { return hand_.click(QStringLiteral("keepScanning")); });
+}
+
+void Tour::results() {
+    step(QStringLiteral("the results come"), [this] {
+        return hand_.await([this] {
+            return !*state_.running && hand_.find(QStringLiteral("resultsTitle")) != nullptr;
+        });
+    });
+    step(QStringLiteral("every message has its verdict"), [this] {
+        std::printf("   %lld messages, %lld junk, %lld protected\n",
+                    static_cast<long long>(state_.verdicts->size()),
+                    static_cast<long long>(state_.verdicts->junkCount()),
+                    static_cast<long long>(state_.verdicts->vetoedCount()));
+        return *state_.done == *state_.total && !state_.verdicts->empty();
+    });
+    picture(QStringLiteral("results"));
+    step(QStringLiteral("click the first category open"), [this] {
+        return hand_.click(QStringLiteral("category0")) &&
+               hand_.await([this] { return hand_.find(QStringLiteral("messages")) != nullptr; });
+    });
+    picture(QStringLiteral("category"));
+    step(QStringLiteral("walk into its messages by keyboard"), [this] {
+        if (!hand_.tabTo(QStringLiteral("messages"))) return false;
+        hand_.press(Qt::Key_Down);
+        hand_.press(Qt::Key_Down);
+        const auto* list = hand_.find(QStringLiteral("messages"));
+        return list && list->property("currentIndex").toInt() == 2;
+    });
+    picture(QStringLiteral("keyboard"));
+}
+
+void Tour::storesStand() {
+    step(QStringLiteral(
+             "the scan stands in history.json, in its file under scans, and in seen.json"),
+         [this] {
+             state_.drainWrites();
+             const auto store = world_.directories.store();
+             const auto scans = files::list(store + "/scans");
+             const auto seen = files::read(store + "/seen.json");
+             return files::exists(store + "/history.json") && scans && scans->size() == 1 && seen &&
+                    seen->size() > 2;
+         });
+}
+
+void Tour::secondScan() {
+    const auto before = state_.verdicts->size();
+    step(QStringLiteral("click Scan another"),
+         [this] { return hand_.click(QStringLiteral("scanAnother")); });
+    step(QStringLiteral("the inbox is counted again"), [this] {
+        return hand_.await([this] {
+            return hand_.find(QStringLiteral("folders")) && !*state_.refreshingFolders &&
+                   *state_.inReach < (*state_.folder)->count;
+        });
+    });
+    picture(QStringLiteral("pick-again"));
+    step(QStringLiteral("click Sort it"), [this] { return hand_.click(QStringLiteral("sort")); });
+    step(QStringLiteral("the results come"), [this] {
+        return hand_.await([this] {
+            return !*state_.running && hand_.find(QStringLiteral("resultsTitle")) != nullptr;
+        });
+    });
+    step(QStringLiteral("what was decided was left out"), [this, before] {
+        std::printf("   %lld skipped, %lld sorted again for want of an id\n",
+                    static_cast<long long>(*state_.skipped),
+                    static_cast<long long>(state_.verdicts->size()));
+        return *state_.skipped > 0 &&
+               static_cast<std::size_t>(*state_.skipped) + state_.verdicts->size() == before;
+    });
+    picture(QStringLiteral("second-results"));
+}
+
+}  // namespace brindlet::demo

@@ -1,0 +1,30 @@
+#include <QGuiApplication>
+
+#include "app/Application.h"
+#include "app/QtMainQueue.h"
+#include "models/embedded/EmbeddedModel.h"
+#include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/LinuxPower.h"
+#include "platform/linux/SystemClock.h"
+#include "platform/linux/SystemLocale.h"
+#include "platform/linux/XdgDesktop.h"
+#include "platform/linux/XdgDirectories.h"
+#include "session/AppState.h"
+
+int main(int argc, char** argv) {
+    using namespace brindlet;
+    // The adapters first: they read the environment, which no other thread may do by then.
+    SystemClock clock;
+    XdgDirectories directories;
+    SystemLocale locale;
+    LinuxPower power;
+    XdgDesktop desktop;
+    FileUserDefaults defaults(directories.configuration() + "/defaults.json");
+    EmbeddedModel model;
+
+    const QGuiApplication application(argc, argv);
+    QtMainQueue queue;
+    const auto state =
+        AppState::make({clock, directories, queue, defaults, model, power, desktop, locale});
+    runApplication(*state, queue);
+}

@@ -1,0 +1,71 @@
+#include "screens/AppModel.h"
+
+#include "screens/QtText.h"
+#include "session/AppState.h"
+#include "words/WelcomeWords.h"
+
+namespace brindlet::screens {
+namespace {
+
+AppModel::Screen screenFor(AppState::Screen screen) {
+    switch (screen) {
+        case AppState::Screen::permission:
+            return AppModel::Permission;
+        case AppState::Screen::pick:
+            return AppModel::Pick;
+        case AppState::Screen::scanning:
+            return AppModel::Scanning;
+        case AppState::Screen::results:
+            return AppModel::Results;
+        default:
+            return AppModel::Welcome;
+    }
+}
+
+}  // namespace
+
+AppModel::AppModel(AppState& state)
+    : state_(state),
+      welcome_(state),
+      permission_(state),
+      pick_(state),
+      scanning_(state),
+      results_(state),
+      coalescer_(state, [this] { refresh(); }) {
+    refresh();
+}
+
+QString AppModel::title() const {
+    return qtText(WelcomeWords().title);
+}
+
+void AppModel::setDark(bool dark) {
+    if (dark == dark_) return;
+    dark_ = dark;
+    Q_EMIT darkChanged();
+}
+
+void AppModel::refresh() {
+    const auto next = screenFor(*state_.screen);
+    const bool appears = next != screen_;
+    switch (next) {
+        case Welcome:
+        case Permission:
+            break;
+        case Pick:
+            if (appears) pick_.appear();
+            pick_.refresh();
+            break;
+        case Scanning:
+            scanning_.refresh();
+            break;
+        case Results:
+            results_.refresh();
+            break;
+    }
+    if (!appears) return;
+    screen_ = next;
+    Q_EMIT screenChanged();
+}
+
+}  // namespace brindlet::screens

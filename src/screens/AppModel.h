@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+
+#include "screens/Coalescer.h"
+#include "screens/permission/PermissionModel.h"
+#include "screens/pick/PickModel.h"
+#include "screens/results/ResultsModel.h"
+#include "screens/scanning/ScanningModel.h"
+#include "screens/welcome/WelcomeModel.h"
+
+namespace brindlet::screens {
+
+/// What the window is made of: which screen stands, and one view-model a screen. Refreshed once a
+/// turn of the event loop in which the session changed, and then only the screen on show, which is
+/// told last: a new screen is born with finished words. Main thread; the session outlives it.
+class AppModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the program")
+    Q_PROPERTY(QString title READ title CONSTANT)
+    Q_PROPERTY(bool dark READ dark WRITE setDark NOTIFY darkChanged)
+    Q_PROPERTY(Screen screen READ screen NOTIFY screenChanged)
+    Q_PROPERTY(brindlet::screens::WelcomeModel* welcome READ welcome CONSTANT)
+    Q_PROPERTY(brindlet::screens::PermissionModel* permission READ permission CONSTANT)
+    Q_PROPERTY(brindlet::screens::PickModel* pick READ pick CONSTANT)
+    Q_PROPERTY(brindlet::screens::ScanningModel* scanning READ scanning CONSTANT)
+    Q_PROPERTY(brindlet::screens::ResultsModel* results READ results CONSTANT)
+
+  public:
+    enum Screen { Welcome, Permission, Pick, Scanning, Results };
+    Q_ENUM(Screen)
+
+    explicit AppModel(AppState& state);
+
+    QString title() const;
+    bool dark() const { return dark_; }
+    void setDark(bool dark);
+    Screen screen() const { return screen_; }
+    WelcomeModel* welcome() { return &welcome_; }
+    PermissionModel* permission() { return &permission_; }
+    PickModel* pick() { return &pick_; }
+    ScanningModel* scanning() { return &scanning_; }
+    ResultsModel* results() { return &results_; }
+    const Coalescer& coalescer() const { return coalescer_; }
+
+  Q_SIGNALS:
+    void darkChanged();
+    void screenChanged();
+
+  private:
+    void refresh();
+
+    AppState& state_;
+    bool dark_ = true;
+    Screen screen_ = Welcome;
+    WelcomeModel welcome_;
+    PermissionModel permission_;
+    PickModel pick_;
+    ScanningModel scanning_;
+    ResultsModel results_;
+    Coalescer coalescer_;
+};
+
+}  // namespace brindlet::screens

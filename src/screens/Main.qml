@@ -1,0 +1,114 @@
+import QtQuick
+import QtQuick.Window
+import Brindlet.Screens
+
+// The one window: the session's screen, and nothing else.
+Window {
+    id: root
+
+    required property AppModel app
+    // False while one screen comes in after another.
+    readonly property bool settled: stage.status === Loader.Ready && !entrance.running
+
+    width: 1080
+    height: 740
+    minimumWidth: 980
+    minimumHeight: 640
+    visible: true
+    title: app.title
+    color: Theme.ground
+
+    Binding {
+        target: Theme
+        property: "dark"
+        value: root.app.dark
+    }
+    InputWatch {
+        id: input
+
+        window: root
+    }
+    Binding {
+        target: Theme
+        property: "keyboardLeads"
+        value: input.keyboardLeads
+    }
+    Rectangle {
+        anchors.fill: parent
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: Theme.groundHigh
+            }
+            GradientStop {
+                position: 1
+                color: Theme.ground
+            }
+        }
+    }
+    Loader {
+        id: stage
+
+        // The first screen stands at once.
+        property bool first: true
+
+        width: parent.width
+        height: parent.height
+        focus: true
+        onLoaded: {
+            stage.forceActiveFocus();
+            if (!first)
+                entrance.restart();
+            first = false;
+        }
+
+        ParallelAnimation {
+            id: entrance
+
+            NumberAnimation {
+                target: stage
+                property: "opacity"
+                from: 0
+                to: 1
+                duration: Theme.steady
+                easing.type: Easing.OutCubic
+            }
+            NumberAnimation {
+                target: stage
+                property: "y"
+                from: 14
+                to: 0
+                duration: Theme.steady
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+    Connections {
+        target: root.app
+
+        function onScreenChanged(): void {
+            root.showScreen();
+        }
+    }
+    Component.onCompleted: root.showScreen()
+
+    function showScreen(): void {
+        switch (root.app.screen) {
+        case AppModel.Welcome:
+            stage.setSource("WelcomeScreen.qml", { "model": root.app.welcome });
+            break;
+        case AppModel.Permission:
+            stage.setSource("PermissionScreen.qml", { "model": root.app.permission });
+            break;
+        case AppModel.Pick:
+            stage.setSource("PickScreen.qml", { "model": root.app.pick });
+            break;
+        case AppModel.Scanning:
+            stage.setSource("ScanningScreen.qml", { "model": root.app.scanning });
+            break;
+        case AppModel.Results:
+            stage.setSource("ResultsScreen.qml", { "model": root.app.results });
+            break;
+        }
+    }
+}

@@ -1,0 +1,5 @@
+import QtQuick
+
+GhostButton {
+    symbol: "chevron.left"
+}

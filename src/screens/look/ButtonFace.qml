@@ -1,0 +1,40 @@
+import QtQuick
+
+// What stands on a button: a symbol, a word, or both.
+Item {
+    id: root
+
+    property string symbol: ""
+    property string text: ""
+    property color tint: Theme.ink
+    property int symbolSize: 16
+    property int size: Theme.rowSize
+    property int weight: Font.Medium
+
+    implicitWidth: row.implicitWidth
+    implicitHeight: row.implicitHeight
+
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        spacing: 7
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.symbol !== ""
+            symbol: root.symbol
+            color: root.tint
+            size: root.symbolSize
+        }
+        Txt {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.text !== ""
+            text: root.text
+            color: root.tint
+            size: root.size
+            weight: root.weight
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,29 @@
+#include "screens/look/InputWatch.h"
+
+#include <QEvent>
+
+namespace brindlet::screens {
+
+void InputWatch::setWindow(QQuickWindow* window) {
+    if (window == window_) return;
+    if (window_) window_->removeEventFilter(this);
+    window_ = window;
+    if (window_) window_->installEventFilter(this);
+    Q_EMIT windowChanged();
+}
+
+bool InputWatch::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress)
+        setKeyboardLeads(true);
+    else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin)
+        setKeyboardLeads(false);
+    return QObject::eventFilter(watched, event);
+}
+
+void InputWatch::setKeyboardLeads(bool leads) {
+    if (leads == keyboardLeads_) return;
+    keyboardLeads_ = leads;
+    Q_EMIT keyboardLeadsChanged();
+}
+
+}  // namespace brindlet::screens

@@ -1,0 +1,41 @@
+import QtQuick
+import QtQuick.Layouts
+import Brindlet.Screens
+
+HeroScreen {
+    id: root
+
+    required property WelcomeModel model
+
+    objectName: "welcomeScreen"
+    symbol: model.symbol
+    title: model.title
+    text: model.text
+
+    Row {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: Theme.space5
+        spacing: Theme.space2
+
+        Repeater {
+            model: root.model.badges
+
+            Badge {
+                required property string lead
+                required property int index
+
+                symbol: lead
+                tint: [Theme.lavender, Theme.blue, Theme.green][index % 3]
+                ink: [Theme.lavenderInk, Theme.blueInk, Theme.greenInk][index % 3]
+            }
+        }
+    }
+    OrbButton {
+        objectName: "start"
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: Theme.space7
+        text: root.model.startLabel
+        focus: true
+        onClicked: root.model.start()
+    }
+}

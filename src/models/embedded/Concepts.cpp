@@ -158,7 +158,7 @@ Concepts::Concepts() {
         while (!rest.empty()) {
             const std::string_view phrase = rest.substr(0, rest.find('|'));
             rest.remove_prefix(std::min(rest.size(), phrase.size() + 1));
-            std::uint64_t key = start;
+            std::uint64_t key = hashStart;
             for (std::size_t at = 0; at < phrase.size();) {
                 const std::string_view word = phrase.substr(at, phrase.find(' ', at) - at);
                 key = extended(key, word);
@@ -171,11 +171,6 @@ Concepts::Concepts() {
 
 std::size_t Concepts::count() const {
     return table.size();
-}
-
-std::uint64_t Concepts::extended(std::uint64_t key, std::string_view token) {
-    for (const char c : token) key = (key ^ static_cast<unsigned char>(c)) * 0x100000001b3;
-    return (key ^ ' ') * 0x100000001b3;
 }
 
 }  // namespace brindlet

@@ -6,6 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "models/embedded/Hash.h"
+
 namespace brindlet {
 
 /// Knowledge of words: which phrases, of one to three tokens, speak of the same thing. A model that
@@ -22,7 +24,7 @@ class Concepts {
     template <class F>
     void each(const std::vector<std::string_view>& tokens, F&& found) const {
         for (std::size_t i = 0; i < tokens.size(); ++i) {
-            std::uint64_t key = start;
+            std::uint64_t key = hashStart;
             for (std::size_t n = 0; n < longestPhrase && i + n < tokens.size(); ++n) {
                 key = extended(key, tokens[i + n]);
                 const auto group = groups_.find(key);
@@ -33,8 +35,9 @@ class Concepts {
 
   private:
     static constexpr std::size_t longestPhrase = 3;
-    static constexpr std::uint64_t start = 0xcbf29ce484222325;
-    static std::uint64_t extended(std::uint64_t key, std::string_view token);
+    static std::uint64_t extended(std::uint64_t key, std::string_view token) {
+        return hashed(hashed(key, token), " ");
+    }
 
     /// By the hash of a phrase. Two phrases of one hash would share a group, which costs nothing
     /// worth guarding against.

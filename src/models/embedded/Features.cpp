@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "models/embedded/Ascii.h"
+#include "models/embedded/Hash.h"
 #include "models/embedded/PlainText.h"
 #include "models/embedded/Tokens.h"
 
@@ -20,16 +21,9 @@ constexpr std::size_t senderTokens = 8;
 
 using Tokens = std::vector<std::string_view>;
 
-std::uint64_t hashed(std::uint64_t hash, std::string_view text) {
-    for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3;
-    return hash;
-}
-
 /// What a feature is of: hashed first, so that a word weighs differently in subject and body.
 constexpr std::uint64_t kind(std::string_view name) {
-    std::uint64_t hash = 0xcbf29ce484222325;
-    for (const char c : name) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3;
-    return (hash ^ '\n') * 0x100000001b3;
+    return hashed(hashed(hashStart, name), "\n");
 }
 
 std::uint32_t rowOf(std::uint64_t hash) {

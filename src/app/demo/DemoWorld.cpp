@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "base/Cancel.h"
 #include "base/Files.h"
 
 namespace brindlet::demo {
@@ -25,6 +26,15 @@ void SayingDesktop::openMail() {
 
 std::unique_ptr<Power::Activity> PluggedPower::keepAwake(const std::string&) {
     return std::make_unique<Activity>();
+}
+
+std::optional<LanguageModel::Answer> PacedModel::respond(const std::string& instructions,
+                                                         const ModelSchema& schema,
+                                                         const std::string& prompt,
+                                                         const ModelOptions& options) {
+    constexpr double secondsACall = 0.015;
+    (void)CancelToken().sleep(secondsACall);
+    return model_.respond(instructions, schema, prompt, options);
 }
 
 }  // namespace brindlet::demo

@@ -46,6 +46,18 @@ class PluggedPower : public Power {
     std::atomic<bool> battery_ = false;
 };
 
+/// The embedded model at the pace of a larger one: by itself it would have the sample sorted before
+/// anybody saw the ring fill.
+class PacedModel : public LanguageModel {
+  public:
+    ModelAvailability availability() const override { return model_.availability(); }
+    std::optional<Answer> respond(const std::string& instructions, const ModelSchema& schema,
+                                  const std::string& prompt, const ModelOptions& options) override;
+
+  private:
+    EmbeddedModel model_;
+};
+
 /// The adapters of the demo: all that a person could miss is of its own, the rest is real.
 struct DemoWorld {
     explicit DemoWorld(const std::string& root) : directories(root) {}
@@ -54,7 +66,7 @@ struct DemoWorld {
     SystemClock clock;
     SystemLocale locale;
     FileUserDefaults defaults;
-    EmbeddedModel model;
+    PacedModel model;
     PluggedPower power;
     SayingDesktop desktop;
 };

@@ -1,5 +1,7 @@
 #include "screens/Stage.h"
 
+#include <QTest>
+
 namespace brindlet::testing {
 namespace {
 
@@ -11,6 +13,12 @@ QQuickItem* findIn(QQuickItem* item, const QString& name) {
     return nullptr;
 }
 
+void gather(QQuickItem* item, std::vector<QQuickItem*>& all) {
+    if (!item->isVisible()) return;
+    all.push_back(item);
+    for (auto* child : item->childItems()) gather(child, all);
+}
+
 }  // namespace
 
 Stage::Stage(const std::function<void(AppState&)>& prepare)
@@ -19,7 +27,12 @@ Stage::Stage(const std::function<void(AppState&)>& prepare)
     main = std::make_unique<MainWindow>(*state);
     if (!main->show()) qFatal("the window cannot be made");
     if (!QTest::qWaitForWindowExposed(window())) qFatal("the window is not shown");
+    window()->requestActivate();
     settle();
+}
+
+Stage::~Stage() {
+    world.retire();
 }
 
 QQuickItem* Stage::find(const QString& name) const {
@@ -38,12 +51,27 @@ bool Stage::click(const QString& name) const {
     if (!item) return false;
     const auto middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
     QTest::mouseClick(window(), Qt::LeftButton, {}, middle);
+    settle();
     return true;
+}
+
+void Stage::press(Qt::Key key) const {
+    QTest::keyClick(window(), key);
+    settle();
 }
 
 QString Stage::focused() const {
     const auto* item = window()->activeFocusItem();
+    while (item && item->objectName().isEmpty()) item = item->parentItem();
     return item ? item->objectName() : QString();
+}
+
+bool Stage::tabTo(const QString& name) const {
+    for (int i = 0; i < 40; ++i) {
+        if (focused() == name) return true;
+        press(Qt::Key_Tab);
+    }
+    return false;
 }
 
 void Stage::settle() const {
@@ -52,12 +80,17 @@ void Stage::settle() const {
     QCoreApplication::processEvents();
 }
 
-void Stage::picture(const QString& name) const {
-    const auto folder = qEnvironmentVariable("BRINDLET_PICTURES");
-    if (folder.isEmpty()) return;
-    settle();
-    QTest::qWait(350);
-    window()->grabWindow().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+std::vector<QQuickItem*> Stage::items() const {
+    std::vector<QQuickItem*> all;
+    gather(window()->contentItem(), all);
+    return all;
+}
+
+std::vector<QQuickItem*> Stage::tabStops() const {
+    std::vector<QQuickItem*> stops;
+    for (auto* item : items())
+        if (item->activeFocusOnTab() && item->isEnabled()) stops.push_back(item);
+    return stops;
 }
 
 MailFolder folder(std::int64_t id, const std::string& name, std::int64_t count) {
@@ -82,7 +115,7 @@ VerdictList verdicts(int count) {
         if (i % 17 != 3) verdict.messageID = std::to_string(i) + "@letters.example";
         verdict.sender = "Quill & Thread <hello" + std::to_string(i % 40) + "@quill.example>";
         verdict.subject = "New arrivals picked for you, number " + std::to_string(i);
-        verdict.category = categories[static_cast<std::size_t>((i % 10) * (i % 10) % 10)];
+        verdict.category = categories[static_cast<std::size_t>(i % 10)];
         verdict.isJunk = isDefaultJunk(verdict.category);
         if (verdict.isJunk && i % 23 == 5) {
             verdict.isJunk = false;
@@ -93,4 +126,86 @@ VerdictList verdicts(int count) {
     return VerdictList(std::move(made));
 }
 
+namespace scenes {
+namespace {
+
+void selectInbox(AppState& state) {
+    state.account.set(account("ada@example.org", {folder(1, "INBOX", 1834)}));
+    state.folder.set(state.account->value().folders.front());
+}
+
+}  // namespace
+
+void permission(AppState& state) {
+    state.navigate(AppState::Screen::permission);
+}
+
+void mailboxes(AppState& state) {
+    state.accounts.set(
+        {account("ada@example.org",
+                 {folder(1, "INBOX", 1834), folder(2, "Junk", 212), folder(3, "Receipts", 64),
+                  folder(4, "Projects/Harbour House with quite a long name of its own", 31),
+                  folder(5, "Travel", 0), folder(6, "Archive", 12044), folder(7, "Sent", 902),
+                  folder(8, "Drafts", 3), folder(9, "Trash", 44)}),
+         account("ada.work@example.net", {folder(11, "INBOX", 5)})});
+    state.selectAccount(MailAccount(state.accounts->front()));
+    state.navigate(AppState::Screen::pick);
+}
+
+void chosenMailbox(AppState& state) {
+    mailboxes(state);
+    state.seen.mark({"a", "b"}, true, "ada@example.org", "INBOX");
+    state.folder.set(state.account->value().folders.front());
+    state.folderVanished.set("Old/Lists");
+}
+
+void noAccounts(AppState& state) {
+    state.navigate(AppState::Screen::pick);
+}
+
+void scanning(AppState& state) {
+    selectInbox(state);
+    state.stage.set("Sorting 1,622 new - skipped 212 already sorted");
+    state.running.set(true);
+    state.total.set(1622);
+    state.done.set(811);
+    state.rate.set(41.7);
+    state.eta.set(288.0);
+    state.skipped.set(212);
+    state.verdicts.set(verdicts(811));
+    state.navigate(AppState::Screen::scanning);
+}
+
+void pausedScan(AppState& state) {
+    scanning(state);
+    state.stage.set("Paused - on battery. Plug in to continue, or allow battery scanning below.");
+}
+
+void results(AppState& state) {
+    selectInbox(state);
+    state.verdicts.set(verdicts(200));
+    AppState::Ids ticked;
+    for (const auto& verdict : *state.verdicts)
+        if (verdict.isJunk && verdict.messageID) ticked.insert(verdict.id);
+    state.approved.set(ticked);
+    state.navigate(AppState::Screen::results);
+}
+
+void openResults(AppState& state) {
+    results(state);
+    state.expand.set(Category::newsletterOrDigest);
+}
+
+void stoppedScan(AppState& state) {
+    selectInbox(state);
+    state.scanError.set("Brindlet could only read 499 of 1,000 messages on disk.");
+    state.navigate(AppState::Screen::results);
+}
+
+void nothingFound(AppState& state) {
+    selectInbox(state);
+    state.navigate(AppState::Screen::results);
+}
+
+}  // namespace scenes
 }  // namespace brindlet::testing

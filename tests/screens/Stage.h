@@ -2,9 +2,9 @@
 
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTest>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "app/MainWindow.h"
 #include "doubles/Doubles.h"
@@ -18,7 +18,11 @@ class Stage {
   public:
     explicit Stage(const std::function<void(AppState&)>& prepare = {});
 
-    doubles::World world;
+    ~Stage();
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    doubles::World& world = doubles::World::lasting();
     std::shared_ptr<AppState> state;
     std::unique_ptr<MainWindow> main;
 
@@ -29,17 +33,39 @@ class Stage {
     /// The same, as soon as it is there and the screens stand still.
     QQuickItem* await(const QString& name) const;
     bool click(const QString& name) const;
-    void press(Qt::Key key) const { QTest::keyClick(window(), key); }
+    void press(Qt::Key key) const;
+    /// The name of what has the keyboard; of the list, where it is a list's row.
     QString focused() const;
+    /// Tabs until that has the keyboard; false when it never does.
+    bool tabTo(const QString& name) const;
     /// Until no screen moves and all refreshes are through.
     void settle() const;
-    /// Writes a picture when the environment names a folder for it; for the eye.
-    void picture(const QString& name) const;
+    /// All visible items that a person can reach with Tab, in their order.
+    std::vector<QQuickItem*> tabStops() const;
+    /// All visible items.
+    std::vector<QQuickItem*> items() const;
 };
 
 MailFolder folder(std::int64_t id, const std::string& name, std::int64_t count);
 MailAccount account(const std::string& address, std::vector<MailFolder> folders);
 /// So many verdicts, spread over the categories, with some protected and some without an id.
 VerdictList verdicts(int count);
+
+/// States of a session that have a screen of their own each. They leave the session on that screen.
+namespace scenes {
+void permission(AppState& state);
+/// Two accounts with folders of all kinds; nothing selected.
+void mailboxes(AppState& state);
+/// The same with the inbox selected and one folder gone.
+void chosenMailbox(AppState& state);
+void noAccounts(AppState& state);
+void scanning(AppState& state);
+void pausedScan(AppState& state);
+/// 200 verdicts of the inbox, all junk ticked.
+void results(AppState& state);
+void openResults(AppState& state);
+void stoppedScan(AppState& state);
+void nothingFound(AppState& state);
+}  // namespace scenes
 
 }  // namespace brindlet::testing

@@ -22,8 +22,13 @@ T.ComboBox {
     currentIndex: choices.chosen
 
     onActivated: index => root.ask(index)
-    Keys.onReturnPressed: root.popup.open()
-    Keys.onEnterPressed: root.popup.open()
+    // At the release, because the toolkit's own picker closes the list at the release of the key.
+    Keys.onReleased: event => {
+        event.accepted = (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
+                         && !root.popup.visible;
+        if (event.accepted)
+            root.popup.open();
+    }
 
     function ask(index: int): void {
         root.asked(index);

@@ -10,7 +10,6 @@ ListView {
     signal rowChosen(row: int)
 
     clip: true
-    focus: true
     activeFocusOnTab: true
     keyNavigationEnabled: true
     highlightMoveDuration: 0

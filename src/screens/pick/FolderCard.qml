@@ -58,6 +58,7 @@ FocusScope {
             Layout.fillHeight: true
             Layout.topMargin: 5
             Layout.bottomMargin: 5
+            focus: true
             name: root.model.foldersName
             model: root.model.folders
             // Where the arrow keys begin.

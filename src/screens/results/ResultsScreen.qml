@@ -15,7 +15,7 @@ FocusScope {
     focus: true
 
     Keys.onEscapePressed: root.model.back()
-    onFocusItemChanged: Qt.callLater(root.reveal)
+    onFocusItemChanged: root.reveal()
 
     // Scrolls no further than needed to show what the keyboard came to. Not for the mouse: a button
     // that moves away under the pointer is not clicked.

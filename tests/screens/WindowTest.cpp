@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <utility>
+
+#include "screens/Stage.h"
+
+namespace brindlet::testing {
+namespace {
+
+using Scene = std::pair<const char*, void (*)(AppState&)>;
+const std::vector<Scene> allScenes{
+    {"welcome", [](AppState&) {}},           {"permission", scenes::permission},
+    {"mailboxes", scenes::mailboxes},        {"chosen mailbox", scenes::chosenMailbox},
+    {"no accounts", scenes::noAccounts},     {"scanning", scenes::scanning},
+    {"paused scan", scenes::pausedScan},     {"results", scenes::results},
+    {"open results", scenes::openResults},   {"stopped scan", scenes::stoppedScan},
+    {"nothing found", scenes::nothingFound},
+};
+
+class EveryScreen : public ::testing::TestWithParam<Scene> {};
+
+INSTANTIATE_TEST_SUITE_P(Window, EveryScreen, ::testing::ValuesIn(allScenes),
+                         [](const auto& scene) {
+                             std::string name = scene.param.first;
+                             for (auto& letter : name)
+                                 if (letter == ' ') letter = '_';
+                             return name;
+                         });
+
+TEST_P(EveryScreen, LoadsWithoutAComplaintInBothLooksAndAtTheSmallestSize) {
+    Stage stage(GetParam().second);
+    stage.model().setDark(false);
+    stage.settle();
+    stage.window()->resize(stage.window()->minimumSize());
+    stage.settle();
+    EXPECT_FALSE(stage.window()->grabWindow().isNull());
+    EXPECT_EQ(stage.main->warnings(), QStringList());
+}
+
+TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
+    Stage stage(GetParam().second);
+    stage.window()->resize(stage.window()->minimumSize());
+    stage.settle();
+    const QRectF frame(0, 0, stage.window()->width(), stage.window()->height());
+    const bool scrolls = stage.find("resultsPage") != nullptr;
+    for (auto* item : stage.tabStops()) {
+        const auto place = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
+        EXPECT_GE(place.left(), 0) << item->objectName().toStdString();
+        EXPECT_LE(place.right(), frame.right()) << item->objectName().toStdString();
+        if (!scrolls) {
+            EXPECT_TRUE(frame.contains(place)) << item->objectName().toStdString();
+        }
+    }
+}
+
+TEST(Window, IsNamedAndNoSmallerThanItsContentNeeds) {
+    Stage stage;
+    EXPECT_EQ(stage.window()->title(), QStringLiteral("Brindlet"));
+    EXPECT_EQ(stage.window()->minimumSize(), QSize(980, 640));
+}
+
+TEST(Window, ShowsTheScreenOfTheSession) {
+    Stage stage;
+    const std::vector<std::pair<AppState::Screen, const char*>> screens{
+        {AppState::Screen::permission, "permissionScreen"},
+        {AppState::Screen::pick, "pickScreen"},
+        {AppState::Screen::scanning, "scanningScreen"},
+        {AppState::Screen::results, "resultsScreen"},
+        {AppState::Screen::welcome, "welcomeScreen"},
+    };
+    for (const auto& [screen, name] : screens) {
+        stage.state->navigate(screen);
+        EXPECT_NE(stage.await(name), nullptr) << name;
+    }
+}
+
+TEST(Window, StartAsksForThePermissionThatIsMissing) {
+    Stage stage;
+    EXPECT_TRUE(stage.click("start"));
+    EXPECT_EQ(*stage.state->screen, AppState::Screen::permission);
+    EXPECT_TRUE(stage.click("openSettings"));
+    EXPECT_EQ(stage.world.desktop.opened, std::vector<std::string>{"disk access settings"});
+}
+
+TEST(Window, AClickOnAMailboxMakesTheRoundButtonReady) {
+    Stage stage(scenes::mailboxes);
+    ASSERT_NE(stage.await("sort"), nullptr);
+    EXPECT_FALSE(stage.find("sort")->isEnabled());
+    auto* list = stage.find("folders");
+    QTest::mouseClick(stage.window(), Qt::LeftButton, {},
+                      list->mapToScene(QPointF(200, 28)).toPoint());
+    stage.settle();
+    EXPECT_TRUE(stage.find("sort")->isEnabled());
+    EXPECT_EQ(stage.state->folder->value().name, "INBOX");
+}
+
+TEST(Window, TheBarOfAVanishedFolderCanBeDismissed) {
+    Stage stage(scenes::chosenMailbox);
+    EXPECT_NE(stage.find("vanishedBar"), nullptr);
+    EXPECT_TRUE(stage.click("dismiss"));
+    EXPECT_EQ(stage.find("vanishedBar"), nullptr);
+}
+
+TEST(Window, AskingAgainForAccountsShowsThatTheyAreLookedFor) {
+    Stage stage(scenes::noAccounts);
+    EXPECT_TRUE(stage.click("checkAgain"));
+    auto* title = stage.await("noticeTitle");
+    ASSERT_NE(title, nullptr);
+    EXPECT_EQ(title->property("text"), QStringLiteral("Finding your mailboxes"));
+}
+
+TEST(Window, TheSkipSwitchShowsOnlyWhatTheSessionSays) {
+    Stage stage(scenes::mailboxes);
+    auto* skip = stage.await("skip");
+    EXPECT_TRUE(skip->property("checked").toBool());
+    EXPECT_TRUE(stage.click("skip"));
+    EXPECT_FALSE(stage.state->seen.skipSeen());
+    EXPECT_FALSE(skip->property("checked").toBool());
+    stage.state->seen.setSkipSeen(true);
+    stage.settle();
+    EXPECT_TRUE(skip->property("checked").toBool());
+}
+
+TEST(Window, TheBatterySwitchStandsOnlyWhileTheScanIsPaused) {
+    Stage stage(scenes::scanning);
+    EXPECT_EQ(stage.find("keepScanning"), nullptr);
+    scenes::pausedScan(*stage.state);
+    EXPECT_NE(stage.await("keepScanning"), nullptr);
+    EXPECT_TRUE(stage.click("keepScanning"));
+    EXPECT_FALSE(stage.state->schedule.pauseOnBattery());
+}
+
+TEST(Window, ALongCategoryIsALazyListInAFrameOfItsOwn) {
+    Stage stage([](AppState& state) {
+        scenes::openResults(state);
+        state.verdicts.set(verdicts(50'000));
+    });
+    auto* list = stage.await("messages");
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->property("count").toInt(), 5'001) << "the heading among them";
+    EXPECT_EQ(list->height(), 352);
+    EXPECT_NE(stage.find("scrollLine"), nullptr);
+    const auto rows = list->property("contentItem").value<QQuickItem*>()->childItems().size();
+    EXPECT_LT(rows, 30) << "no more rows exist than show";
+}
+
+TEST(Window, AShortCategoryHasNoScrollLine) {
+    Stage stage([](AppState& state) {
+        scenes::openResults(state);
+        state.verdicts.set(verdicts(50));
+    });
+    EXPECT_EQ(stage.await("messages")->height(), 5 * 44);
+    EXPECT_EQ(stage.find("scrollLine"), nullptr);
+}
+
+TEST(Window, AStoppedScanOffersToQuit) {
+    Stage stage(scenes::stoppedScan);
+    bool asked = false;
+    QObject::connect(stage.model().results(), &screens::ResultsModel::quitAsked, stage.window(),
+                     [&] { asked = true; });
+    EXPECT_TRUE(stage.click("quit"));
+    EXPECT_TRUE(asked);
+}
+
+TEST(Window, NothingFoundSaysWhy) {
+    Stage stage(scenes::nothingFound);
+    auto* text = stage.await("nothing");
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->property("text"),
+              QStringLiteral("Brindlet went through your inbox and found nothing worth moving."));
+}
+
+}  // namespace
+}  // namespace brindlet::testing

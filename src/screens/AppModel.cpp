@@ -17,7 +17,7 @@ AppModel::Screen screenFor(AppState::Screen screen) {
             return AppModel::Scanning;
         case AppState::Screen::results:
             return AppModel::Results;
-        default:
+        default:  // nothing leads to the others
             return AppModel::Welcome;
     }
 }

@@ -95,6 +95,20 @@ TEST(Window, AClickOnAMailboxMakesTheRoundButtonReady) {
     EXPECT_EQ(stage.state->folder->value().name, "INBOX");
 }
 
+TEST(Window, AClickHitsTheMailboxUnderThePointerAlsoAfterScrolling) {
+    Stage stage(scenes::mailboxes);
+    stage.window()->resize(stage.window()->minimumSize());
+    auto* list = stage.await("folders");
+    ASSERT_TRUE(QMetaObject::invokeMethod(list, "positionViewAtEnd"));
+    stage.settle();
+    ASSERT_GT(list->property("contentY").toDouble(), 30);
+    QTest::mouseClick(stage.window(), Qt::LeftButton, {},
+                      list->mapToScene(QPointF(200, list->height() - 28)).toPoint());
+    stage.settle();
+    ASSERT_TRUE(stage.state->folder->has_value());
+    EXPECT_EQ(stage.state->folder->value().name, "Trash");
+}
+
 TEST(Window, TheBarOfAVanishedFolderCanBeDismissed) {
     Stage stage(scenes::chosenMailbox);
     EXPECT_NE(stage.find("vanishedBar"), nullptr);

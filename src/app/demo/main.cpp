@@ -47,7 +47,7 @@ int runDemo(const Options& options, const std::string& root) {
         code = QGuiApplication::exec();
     else if (!Tour(*state, main, world, QString::fromStdString(options.tour)).run())
         code = EXIT_FAILURE;
-    state->stopScan();
+    if (*state->running) state->stopScan();
     state->drainWrites();
     queue.end();
     return code;

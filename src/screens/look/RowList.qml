@@ -26,20 +26,21 @@ ListView {
         const to = event.key === Qt.Key_Home ? 0
                  : event.key === Qt.Key_End ? root.count - 1
                  : event.key === Qt.Key_PageUp ? Math.max(0, root.currentIndex - page)
-                 : event.key === Qt.Key_PageDown ? Math.min(root.count - 1, root.currentIndex + page)
-                 : -1;
+                 : event.key !== Qt.Key_PageDown ? -1
+                 : Math.min(root.count - 1, root.currentIndex + page);
         event.accepted = to >= 0;
         if (event.accepted)
             root.currentIndex = to;
     }
 
     TapHandler {
-        onTapped: point => root.tapped(root.indexAt(point.position.x + root.contentX,
-                                                    point.position.y + root.contentY))
+        onTapped: point => root.choose(root.contentItem.mapFromItem(null, point.scenePosition))
     }
     T.ScrollBar.vertical: SectionScrollBar {}
 
-    function tapped(row: int): void {
+    // The row at a place of the content.
+    function choose(place: point): void {
+        const row = root.indexAt(place.x, place.y);
         if (row < 0)
             return;
         root.currentIndex = row;

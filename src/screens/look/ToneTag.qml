@@ -8,5 +8,6 @@ Tag {
     required property int tone
 
     tint: tone === Tone.Green ? Theme.green : tone === Tone.Orange ? Theme.orange : Theme.lavender
-    ink: tone === Tone.Green ? Theme.greenInk : tone === Tone.Orange ? Theme.orangeInk : Theme.lavenderInk
+    ink: tone === Tone.Green ? Theme.greenInk
+       : tone === Tone.Orange ? Theme.orangeInk : Theme.lavenderInk
 }

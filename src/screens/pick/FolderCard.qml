@@ -62,7 +62,7 @@ FocusScope {
             name: root.model.foldersName
             model: root.model.folders
             // Where the arrow keys begin.
-            currentIndex: 0
+            currentIndex: Math.max(0, root.model.folders.chosen)
 
             onRowChosen: row => root.model.chooseFolder(row)
 

@@ -8,6 +8,7 @@ Item {
 
     required property PickModel model
     readonly property bool finding: model.content === PickModel.Finding
+    readonly property bool unreadable: model.content === PickModel.Unreadable
 
     ColumnLayout {
         anchors.centerIn: parent
@@ -23,7 +24,7 @@ Item {
         Hero {
             Layout.alignment: Qt.AlignHCenter
             visible: !root.finding
-            symbol: root.model.content === PickModel.Unreadable ? "folder.badge.questionmark" : "tray"
+            symbol: root.unreadable ? "folder.badge.questionmark" : "tray"
             tint: Theme.blueInk
         }
         Txt {

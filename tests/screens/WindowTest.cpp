@@ -3,6 +3,8 @@
 #include <QTest>
 #include <utility>
 
+#include "base/Files.h"
+#include "platform/Directories.h"
 #include "screens/Stage.h"
 
 namespace brindlet::testing {
@@ -81,6 +83,23 @@ TEST(Window, StartAsksForThePermissionThatIsMissing) {
     EXPECT_EQ(*stage.state->screen, AppState::Screen::permission);
     EXPECT_TRUE(stage.click("openSettings"));
     EXPECT_EQ(stage.world.desktop.opened, std::vector<std::string>{"disk access settings"});
+}
+
+TEST(Window, CheckMovesOnAsSoonAsTheMailFilesCanBeRead) {
+    std::string index;
+    Stage stage([&](AppState& state) {
+        const auto data = state.services().directories.home() + "/Library/Mail/V10/MailData";
+        index = data + "/Envelope Index";
+        ASSERT_TRUE(files::createDirectories(data));
+        ASSERT_TRUE(files::write(index, ""));
+        scenes::permission(state);
+    });
+    EXPECT_TRUE(stage.click("check"));
+    EXPECT_EQ(*stage.state->screen, AppState::Screen::permission) << "an empty file tells nothing";
+    ASSERT_TRUE(files::write(index, "x"));
+    EXPECT_TRUE(stage.click("check"));
+    EXPECT_EQ(*stage.state->screen, AppState::Screen::pick);
+    EXPECT_NE(stage.await("pickScreen"), nullptr);
 }
 
 TEST(Window, AClickOnAMailboxMakesTheRoundButtonReady) {

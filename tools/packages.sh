@@ -57,7 +57,9 @@ build() {
         grep -m 1 -A 8 'CMake Error' "$log" >&2 || tail -n 15 "$log" >&2
         fail "The build could not be set up. The whole story is in $log."
     fi
-    if ! ninja -C "build/$preset" "$@" >>"$log" 2>&1; then
+    # Once more before giving up: Qt 6.4's compiler for QML crashes now and then, on nothing.
+    if ! ninja -C "build/$preset" "$@" >>"$log" 2>&1 &&
+        ! ninja -C "build/$preset" "$@" >"$log" 2>&1; then
         grep -m 1 -A 12 -E 'error:|Error:|FAILED' "$log" >&2
         fail "The build failed; above is its first error. The whole story is in $log."
     fi

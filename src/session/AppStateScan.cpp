@@ -44,8 +44,8 @@ class AppState::Port : public ScanPort {
     bool setCorrespondentCount(std::int64_t count) override {
         return show([&](AppState& state) { state.correspondentCount.set(count); });
     }
-    bool setStage(const std::string& stage) override {
-        return show([&](AppState& state) { state.stage.set(stage); });
+    bool setStage(const std::string& words) override {
+        return show([&](AppState& state) { state.stage.set(words); });
     }
     bool located(std::int64_t rows) override {
         return show([&](AppState& state) {
@@ -56,14 +56,14 @@ class AppState::Port : public ScanPort {
     bool reading(std::int64_t handled, std::int64_t rows) override {
         return setStage(stages::reading(handled, rows, locale_));
     }
-    bool failUnreadable(std::int64_t readable, std::int64_t total) override {
-        return show([&](AppState& state) { state.failScanUnreadable(readable, total); });
+    bool failUnreadable(std::int64_t readable, std::int64_t rows) override {
+        return show([&](AppState& state) { state.failScanUnreadable(readable, rows); });
     }
-    bool willSort(std::int64_t skipped, std::int64_t kept) override {
+    bool willSort(std::int64_t dropped, std::int64_t kept) override {
         return show([&](AppState& state) {
-            state.skipped.set(skipped);
+            state.skipped.set(dropped);
             state.total.set(kept);
-            state.stage.set(stages::willSort(kept, skipped, locale_));
+            state.stage.set(stages::willSort(kept, dropped, locale_));
         });
     }
     bool endWithoutSorting() override {
@@ -83,14 +83,14 @@ class AppState::Port : public ScanPort {
         });
     }
     bool pausesOnBattery() override { return *pauseOnBattery_; }
-    bool finish(const VerdictList& verdicts, Date started) override {
+    bool finish(const VerdictList& found, Date started) override {
         // Counted out here: the main thread has only to take it over.
-        const auto ticked = ticksOf(verdicts, folder_);
+        const auto ticked = ticksOf(found, folder_);
         return tell([&](AppState& state) {
             if (isPresent(state))
-                state.finishScan(verdicts, ticked, account_, folder_, started);
+                state.finishScan(found, ticked, account_, folder_, started);
             else
-                state.recordScan(verdicts, ticked, account_, folder_, started);
+                state.recordScan(found, ticked, account_, folder_, started);
         });
     }
 

@@ -12,10 +12,10 @@
 
 #include "Floors.h"
 #include "Rounds.h"
-#include "base/Task.h"
 #include "doubles/Doubles.h"
 #include "mail/IndexQueries.h"
 #include "mail/MailStore.h"
+#include "mail/MessageReaders.h"
 
 // The reading of a mailbox beside what the machine alone costs, over a sample home directory.
 
@@ -49,40 +49,55 @@ struct Reader {
     MailStore store;
 };
 
-struct Fullest {
-    std::string account;
-    std::int64_t mailbox = 0;
-    std::int64_t count = 0;
+/// What the benchmarks need to know of a sample beforehand.
+struct Sample {
+    struct Account {
+        std::string id;
+        std::string root;
+        std::vector<std::int64_t> messages;
+    };
+    std::vector<Account> accounts;
+    std::vector<std::string> files;
+    /// The mailbox that most is filed in.
+    std::int64_t fullest = 0;
 };
 
-/// The account with the most mail, and the mailbox of it that most is filed in.
-Fullest fullest(const MailStore& store) {
-    Fullest best;
-    const auto accounts = store.loadAccounts(false, false);
-    if (accounts.empty()) return best;
-    best.account = accounts.front().id;
-    for (const MailFolder& folder : accounts.front().folders)
-        if (folder.count > best.count) {
-            best.mailbox = folder.id;
-            best.count = folder.count;
+Sample surveyed(const MailStore& store) {
+    Sample sample;
+    std::int64_t most = 0;
+    for (const MailAccount& account : store.loadAccounts(false, false)) {
+        Sample::Account& one = sample.accounts.emplace_back();
+        one.id = account.id;
+        one.root = *store.mailRoot() + '/' + account.id;
+        for (const std::string& file : floors::messageFiles(one.root)) {
+            sample.files.push_back(file);
+            const auto name = std::filesystem::path(file).filename().string();
+            if (const auto id = MessagePaths::idOfFileName(name)) one.messages.push_back(*id);
         }
-    return best;
+        for (const MailFolder& folder : account.folders)
+            if (folder.count > most) {
+                most = folder.count;
+                sample.fullest = folder.id;
+            }
+    }
+    return sample;
 }
 
-/// All that a scan reads before it decides anything. Every file of the account is parsed, so that
-/// the work is that of the floor, whichever mailboxes the messages lie in.
-std::vector<MailStore::Parsed> readPhase(const MailStore& store,
-                                         const std::vector<std::int64_t>& ids, WorkerCrew& crew) {
-    const Fullest target = fullest(store);
-    const auto rows = store.messages(target.mailbox, 0, 0);
+/// All that a scan reads before it decides anything, over every account of the sample.
+std::vector<MailStore::Parsed> readPhase(const MailStore& store, const Sample& sample,
+                                         MessageReaders& readers) {
+    const auto accounts = store.loadAccounts(false, false);
+    const auto rows = store.messages(sample.fullest, 0, 0);
     const auto correspondents = store.correspondents();
-    const MessagePaths paths = store.locateMessageFiles(target.account);
     std::vector<MailStore::Parsed> bodies;
-    bodies.reserve(ids.size());
-    for (std::size_t at = 0; at < ids.size(); at += run) {
-        const std::span<const std::int64_t> some(ids.data() + at, std::min(run, ids.size() - at));
-        for (auto& parsed : MailStore::parseMessageFiles(some, paths, bodyLimit, crew))
-            bodies.push_back(std::move(parsed));
+    bodies.reserve(sample.files.size());
+    for (const Sample::Account& account : sample.accounts) {
+        const MessagePaths paths = store.locateMessageFiles(account.id);
+        const std::span<const std::int64_t> ids(account.messages);
+        for (std::size_t at = 0; at < ids.size(); at += run)
+            for (auto& parsed :
+                 readers.parse(ids.subspan(at, std::min(run, ids.size() - at)), paths, bodyLimit))
+                bodies.push_back(std::move(parsed));
     }
     return bodies;
 }
@@ -91,15 +106,6 @@ void parseAll(const std::vector<std::string>& files) {
     const auto buffer = std::make_unique_for_overwrite<char[]>(MailStore::bytesRead);
     for (const std::string& file : files)
         MailStore::parseMessageFile(file, bodyLimit, {buffer.get(), MailStore::bytesRead});
-}
-
-std::vector<std::int64_t> idsOf(const std::vector<std::string>& files) {
-    std::vector<std::int64_t> ids;
-    for (const std::string& file : files)
-        if (const auto id =
-                MessagePaths::idOfFileName(std::filesystem::path(file).filename().string()))
-            ids.push_back(*id);
-    return ids;
 }
 
 std::string repeated(std::string_view piece, std::size_t bytes) {
@@ -166,34 +172,38 @@ bool snapshot(int rounds) {
 
 bool reading(const std::string& home, int rounds) {
     Reader reader(home);
-    const Fullest target = fullest(reader.store);
-    if (target.account.empty()) {
+    const Sample sample = surveyed(reader.store);
+    if (sample.files.empty()) {
         std::cerr << "There is no mail data in " << home << ".\n";
         return false;
     }
-    const std::string account = *reader.store.mailRoot() + '/' + target.account;
-    const auto files = floors::messageFiles(account);
-    const auto ids = idsOf(files);
-    WorkerCrew one(1);
-    WorkerCrew two(2);
+    MessageReaders one(1);
+    MessageReaders two(2);
     const std::string index = *reader.store.mailRoot() + "/MailData/Envelope Index";
     const std::string copy = reader.world.directories.root() + "/copy.db";
     floors::copy(index, copy);
     const std::string query = filedMessagesQuery(0, 0);
-    const auto floor = [&] { floors::walkAndRead(account); };
-    return compare(
-        {{"read phase, one reader", floor, [&] { readPhase(reader.store, ids, one); }, 2.2, 1.6},
-         {"read phase, two readers", floor, [&] { readPhase(reader.store, ids, two); }, 1.3, 1.0},
-         {"parse files",
-          [&] {
-              for (const auto& file : files) floors::readOnce(file);
-          },
-          [&] { parseAll(files); }, 1.8, 1.4},
-         {"locate message files", [&] { floors::walk(account); },
-          [&] { reader.store.locateMessageFiles(target.account); }, 1.3, 1.1},
-         {"messages of a mailbox", [&] { floors::step(copy, query, target.mailbox); },
-          [&] { readMessages(copy, query, target.mailbox); }, 1.4, 1.15}},
-        rounds, std::to_string(files.size()));
+    const auto walkAndRead = [&] {
+        for (const auto& account : sample.accounts) floors::walkAndRead(account.root);
+    };
+    const auto walk = [&] {
+        for (const auto& account : sample.accounts) floors::walk(account.root);
+    };
+    const auto read = [&] {
+        for (const auto& file : sample.files) floors::readOnce(file);
+    };
+    const auto locate = [&] {
+        for (const auto& account : sample.accounts) reader.store.locateMessageFiles(account.id);
+    };
+    return compare({{"read phase, one reader", walkAndRead,
+                     [&] { readPhase(reader.store, sample, one); }, 2.2, 1.6},
+                    {"read phase, two readers", walkAndRead,
+                     [&] { readPhase(reader.store, sample, two); }, 1.3, 1.0},
+                    {"parse files", read, [&] { parseAll(sample.files); }, 1.8, 1.4},
+                    {"locate message files", walk, locate, 1.3, 1.1},
+                    {"messages of a mailbox", [&] { floors::step(copy, query, sample.fullest); },
+                     [&] { readMessages(copy, query, sample.fullest); }, 1.4, 1.15}},
+                   rounds, std::to_string(sample.files.size()));
 }
 
 long peakKilobytes() {
@@ -204,12 +214,10 @@ long peakKilobytes() {
 
 void memory(const std::string& home) {
     Reader reader(home);
-    const Fullest target = fullest(reader.store);
-    const auto ids =
-        idsOf(floors::messageFiles(reader.store.mailRoot().value_or("") + '/' + target.account));
-    WorkerCrew crew(8);
+    const Sample sample = surveyed(reader.store);
+    MessageReaders readers(8);
     const long before = peakKilobytes();
-    const auto bodies = readPhase(reader.store, ids, crew);
+    const auto bodies = readPhase(reader.store, sample, readers);
     std::printf("read phase of %zu messages: %ld MB above the program\n", bodies.size(),
                 (peakKilobytes() - before) / 1024);
 }

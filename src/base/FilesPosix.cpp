@@ -88,14 +88,6 @@ bool copyInKernel(int in, int out, bool& failed) {
 }
 #endif
 
-/// Some file systems do not tell an entry's kind in the listing.
-bool isDirectoryEntry(int directory, const dirent& entry) {
-    if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_DIR;
-    struct stat status {};
-    return ::fstatat(directory, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-           S_ISDIR(status.st_mode);
-}
-
 }  // namespace
 
 bool exists(const std::string& path) {
@@ -162,32 +154,6 @@ std::optional<std::size_t> readPrefix(const std::string& path, std::span<char> b
         size += static_cast<std::size_t>(got);
     }
     return size;
-}
-
-bool walk(const std::string& root, TreeVisitor& visitor) {
-    std::vector<std::string> waiting{root};
-    int follow = 0;  // the root may be a link
-    while (!waiting.empty()) {
-        const std::string path = std::move(waiting.back());
-        waiting.pop_back();
-        const int fd = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | follow);
-        if (fd < 0 && follow == 0) return false;
-        follow = O_NOFOLLOW;
-        DIR* const open = fd < 0 ? nullptr : ::fdopendir(fd);
-        if (!open) {
-            if (fd >= 0) ::close(fd);
-            continue;
-        }
-        visitor.directory(path);
-        while (const dirent* entry = ::readdir(open)) {
-            const std::string_view name = entry->d_name;
-            if (name == "." || name == "..") continue;
-            visitor.entry(name);
-            if (isDirectoryEntry(fd, *entry)) waiting.push_back(path + '/' + entry->d_name);
-        }
-        ::closedir(open);
-    }
-    return true;
 }
 
 bool write(const std::string& path, std::string_view bytes) {

@@ -126,6 +126,7 @@ void SerialQueue::drain() {
 struct WorkerCrew::State {
     Mutex mutex;
     Condition changed;
+    /// Null between two calls: a thread that wakes too late for its call has nothing to join.
     const std::function<void(int, std::size_t)>* body BRINDLET_GUARDED_BY(mutex) = nullptr;
     std::size_t count BRINDLET_GUARDED_BY(mutex) = 0;
     std::uint64_t round BRINDLET_GUARDED_BY(mutex) = 0;
@@ -136,7 +137,8 @@ struct WorkerCrew::State {
 };
 
 WorkerCrew::WorkerCrew(int workers) : state_(std::make_unique<State>()) {
-    for (int worker = 0; workers > 1 && worker < workers; ++worker)
+    // The calling thread is worker 0.
+    for (int worker = 1; worker < workers; ++worker)
         state_->threads.emplace_back([state = state_.get(), worker] {
             std::uint64_t seen = 0;
             while (true) {
@@ -144,12 +146,13 @@ WorkerCrew::WorkerCrew(int workers) : state_(std::make_unique<State>()) {
                 std::size_t count = 0;
                 {
                     Lock lock(state->mutex);
-                    while (state->round == seen && !state->closed)
+                    while ((!state->body || state->round == seen) && !state->closed)
                         state->changed.wait(state->mutex);
                     if (state->closed) return;
                     seen = state->round;
                     body = state->body;
                     count = state->count;
+                    ++state->busy;
                 }
                 for (auto i = state->next.fetch_add(1); i < count; i = state->next.fetch_add(1))
                     (*body)(worker, i);
@@ -169,22 +172,22 @@ WorkerCrew::~WorkerCrew() {
 }
 
 int WorkerCrew::workers() const {
-    return state_->threads.empty() ? 1 : static_cast<int>(state_->threads.size());
+    return static_cast<int>(state_->threads.size()) + 1;
 }
 
 void WorkerCrew::forEach(std::size_t count,
                          const std::function<void(int worker, std::size_t index)>& body) {
-    if (state_->threads.empty()) {
-        for (std::size_t i = 0; i < count; ++i) body(0, i);
-        return;
+    {
+        Lock lock(state_->mutex);
+        state_->body = &body;
+        state_->count = count;
+        state_->next = 0;
+        ++state_->round;
+        if (!state_->threads.empty()) state_->changed.notifyAll();
     }
+    for (auto i = state_->next.fetch_add(1); i < count; i = state_->next.fetch_add(1)) body(0, i);
     Lock lock(state_->mutex);
-    state_->body = &body;
-    state_->count = count;
-    state_->next = 0;
-    state_->busy = static_cast<int>(state_->threads.size());
-    ++state_->round;
-    state_->changed.notifyAll();
+    state_->body = nullptr;
     while (state_->busy > 0) state_->changed.wait(state_->mutex);
 }
 

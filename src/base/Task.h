@@ -140,11 +140,11 @@ class TaskGroup {
     std::shared_ptr<State> state_;
 };
 
-/// A fixed crew of threads for one kind of indexed work, kept between calls. Only one thread calls
-/// it at a time.
+/// A fixed crew for one kind of indexed work: the calling thread and threads that are kept between
+/// calls. Only one thread calls it at a time.
 class WorkerCrew {
   public:
-    /// With one worker, or none, the calling thread does the work itself.
+    /// So many workers, the calling thread included; below one counts as one.
     explicit WorkerCrew(int workers);
     ~WorkerCrew();
     WorkerCrew(const WorkerCrew&) = delete;

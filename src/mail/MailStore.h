@@ -9,7 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include "base/Task.h"
 #include "base/ThreadSafety.h"
 #include "mail/MailAccount.h"
 #include "mail/MailMessage.h"
@@ -73,11 +72,6 @@ class MailStore {
     /// The same with a buffer that is reused from call to call; no more is read than it holds.
     static Parsed parseMessageFile(const std::string& path, std::int64_t limit,
                                    std::span<char> buffer);
-    /// Parses the files of many messages side by side, one result per id in the same order; a
-    /// message without a file gives an empty one.
-    static std::vector<Parsed> parseMessageFiles(std::span<const std::int64_t> ids,
-                                                 const MessagePaths& paths, std::int64_t limit,
-                                                 WorkerCrew& crew);
     /// Takes apart what a message file starts with.
     static Parsed parseMessage(std::string_view bytes, std::int64_t limit);
     /// Readable text out of a raw body: tags and entities become blanks, and so does white space.

@@ -27,11 +27,6 @@ class MessageFileCollector : public files::TreeVisitor {
     std::optional<std::uint32_t> number_;
 };
 
-/// Room for the part of a file that is read; never cleared, as most of it stays unused.
-std::unique_ptr<char[]> makeBuffer() {
-    return std::make_unique_for_overwrite<char[]>(MailStore::bytesRead);
-}
-
 }  // namespace
 
 MessagePaths MailStore::locateMessageFiles(std::string_view account) const {
@@ -51,25 +46,8 @@ MailStore::Parsed MailStore::parseMessageFile(const std::string& path, std::int6
 }
 
 MailStore::Parsed MailStore::parseMessageFile(const std::string& path, std::int64_t limit) {
-    const auto buffer = makeBuffer();
+    const auto buffer = std::make_unique_for_overwrite<char[]>(bytesRead);
     return parseMessageFile(path, limit, {buffer.get(), bytesRead});
-}
-
-std::vector<MailStore::Parsed> MailStore::parseMessageFiles(std::span<const std::int64_t> ids,
-                                                            const MessagePaths& paths,
-                                                            std::int64_t limit, WorkerCrew& crew) {
-    struct Desk {
-        std::string path;
-        std::unique_ptr<char[]> buffer = makeBuffer();
-    };
-    std::vector<Desk> desks(static_cast<std::size_t>(crew.workers()));
-    std::vector<Parsed> parsed(ids.size());
-    crew.forEach(ids.size(), [&](int worker, std::size_t index) {
-        Desk& desk = desks[static_cast<std::size_t>(worker)];
-        if (paths.find(ids[index], desk.path))
-            parsed[index] = parseMessageFile(desk.path, limit, {desk.buffer.get(), bytesRead});
-    });
-    return parsed;
 }
 
 }  // namespace brindlet

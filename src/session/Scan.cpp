@@ -6,6 +6,7 @@
 
 #include "base/Task.h"
 #include "classify/TemplatePlan.h"
+#include "mail/MessageReaders.h"
 #include "platform/Clock.h"
 #include "platform/Power.h"
 #include "session/Decide.h"
@@ -97,14 +98,14 @@ void Scan::Work::run(const CancelToken& token) {
 }
 
 bool Scan::Work::read(const MessagePaths& paths, const CancelToken& token) {
-    WorkerCrew crew(tools.readers);
+    MessageReaders readers(tools.readers);
     std::vector<std::int64_t> ids;
     bodies.reserve(rows.size());
     while (bodies.size() < rows.size() && !token.cancelled()) {
         ids.clear();
         for (auto i = bodies.size(); i < rows.size() && ids.size() < readingRun; ++i)
             ids.push_back(rows[i].id);
-        auto run = MailStore::parseMessageFiles(ids, paths, bodyCharacters, crew);
+        auto run = readers.parse(ids, paths, bodyCharacters);
         std::move(run.begin(), run.end(), std::back_inserter(bodies));
         if (!port.reading(static_cast<std::int64_t>(bodies.size()),
                           static_cast<std::int64_t>(rows.size())))

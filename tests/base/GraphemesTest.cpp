@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <unicode/brkiter.h>
+#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <memory>
@@ -52,6 +53,22 @@ TEST(GraphemeCount, CountsCharactersAsAPersonDoes) {
         if (count > 0) {
             EXPECT_FALSE(hasExactlyGraphemes(text, count - 1)) << text;
         }
+    }
+}
+
+TEST(PlainLetter, IsNeverWhiteSpaceAndNeverJoinsItsOwnKind) {
+    for (char32_t c = 0; c < 0x110000; ++c) {
+        if (!isPlainLetter(c)) continue;
+        const auto point = static_cast<UChar32>(c);
+        const int kind = u_getIntPropertyValue(point, UCHAR_GRAPHEME_CLUSTER_BREAK);
+        EXPECT_TRUE(kind == U_GCB_OTHER || kind == U_GCB_LV || kind == U_GCB_LVT) << point;
+        EXPECT_FALSE(u_hasBinaryProperty(point, UCHAR_EXTENDED_PICTOGRAPHIC)) << point;
+        EXPECT_FALSE(u_isUWhiteSpace(point)) << point;
+        std::string text = "a";
+        appendCodePoint(text, c);
+        appendCodePoint(text, c);
+        text += "a";
+        EXPECT_EQ(graphemeCount(text), 4u) << point;
     }
 }
 

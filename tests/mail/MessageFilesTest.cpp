@@ -5,6 +5,7 @@
 
 #include "base/Files.h"
 #include "mail/MailHome.h"
+#include "mail/MessageReaders.h"
 
 namespace brindlet {
 namespace {
@@ -147,8 +148,8 @@ TEST_F(MessageFiles, ManyAreParsedInTheOrderOfTheirIds) {
     }
     const auto paths = locate();
     for (const int workers : {0, 1, 2, 8}) {
-        WorkerCrew crew(workers);
-        const auto parsed = MailStore::parseMessageFiles(ids, paths, 700, crew);
+        MessageReaders readers(workers);
+        const auto parsed = readers.parse(ids, paths, 700);
         ASSERT_EQ(parsed.size(), ids.size());
         for (std::size_t i = 0; i < ids.size(); ++i) {
             const std::string id = std::to_string(ids[i]);
@@ -157,8 +158,7 @@ TEST_F(MessageFiles, ManyAreParsedInTheOrderOfTheirIds) {
                 << id << " with " << workers;
         }
     }
-    WorkerCrew crew(2);
-    EXPECT_TRUE(MailStore::parseMessageFiles({}, paths, 700, crew).empty());
+    EXPECT_TRUE(MessageReaders(2).parse({}, paths, 700).empty());
 }
 
 }  // namespace

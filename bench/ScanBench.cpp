@@ -14,6 +14,7 @@
 #include "base/Task.h"
 #include "doubles/Doubles.h"
 #include "mail/MailStore.h"
+#include "platform/linux/Memory.h"
 #include "platform/posix/RunLoop.h"
 #include "session/AppState.h"
 
@@ -139,6 +140,7 @@ std::optional<Target> fullest(const MailStore& mail) {
 
 int main(const std::string& sample, int scans) {
     const double slack = strictness().slack;
+    shareHeaps();
     doubles::World world;
     WatchedLoop loop;
     RealClock clock;
@@ -157,7 +159,7 @@ int main(const std::string& sample, int scans) {
     const double before = peakMegabytes();
     auto state = AppState::make(services, 2);
 
-    double bestRatio = 0;
+    std::vector<double> ratios;
     double longestHop = 0;
     double readPeak = 0;
     double wholePeak = 0;
@@ -184,7 +186,8 @@ int main(const std::string& sample, int scans) {
         const double hop = *std::max_element(loop.held.begin() + 1, loop.held.end() - 1);
         longestHop = longestHop == 0 ? hop : std::min(longestHop, hop);
         const double ratio = whole / reading;
-        bestRatio = bestRatio == 0 ? ratio : std::min(bestRatio, ratio);
+        // The first reads from the disk, against which anything looks quick.
+        if (scan > 0) ratios.push_back(ratio);
         std::printf(
             "scan %d of %zu messages: reading %.0f ms, whole %.0f ms, ratio %.2f; longest hop "
             "%.2f ms, booking %.1f ms; %.0f MB\n",
@@ -218,7 +221,9 @@ int main(const std::string& sample, int scans) {
         std::printf("%-34s %8.2f %-3s at most %.2f%s\n", name, value, unit, most,
                     kept ? "" : "  TOO MUCH");
     };
-    line("whole scan over its reading", bestRatio, "", 2.0);
+    line("whole scan over its reading",
+         strictness().quick ? *std::min_element(ratios.begin(), ratios.end()) : median(ratios), "",
+         2.0);
     line("longest hop while it runs", longestHop, "ms", 8.0);
     line("read phase above the program", readPeak - before, "MB", readMost);
     line("whole scan above the program", wholePeak - before, "MB", wholeMost);
@@ -236,5 +241,6 @@ int main(int count, char** values) {
         std::fprintf(stderr, "usage: scan_bench HOME [SCANS]\n");
         return 2;
     }
-    return brindlet::bench::main(std::filesystem::absolute(values[1]), count > 2 ? std::atoi(values[2]) : 3);
+    return brindlet::bench::main(std::filesystem::absolute(values[1]),
+                                 count > 2 ? std::max(2, std::atoi(values[2])) : 4);
 }

@@ -8,6 +8,7 @@
 #include "ToolWorld.h"
 #include "base/Json.h"
 #include "models/embedded/EmbeddedModel.h"
+#include "platform/linux/Memory.h"
 #include "session/AppState.h"
 
 // One real scan without a window, through the session object itself.
@@ -125,6 +126,7 @@ int scan(const Arguments& arguments, std::int64_t limit, const std::string& reac
 }
 
 int main(int count, char** values) {
+    shareHeaps();
     Arguments arguments(count, values, {"--home", "--limit", "--reach", "--store"});
     if (arguments.help) {
         std::fputs(usage, stdout);

@@ -5,6 +5,7 @@
 #include "models/embedded/EmbeddedModel.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/LinuxPower.h"
+#include "platform/linux/Memory.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/linux/XdgDesktop.h"
@@ -13,6 +14,7 @@
 
 int main(int argc, char** argv) {
     using namespace brindlet;
+    shareHeaps();
     // The adapters first: they read the environment, which no other thread may do by then.
     SystemClock clock;
     XdgDirectories directories;

@@ -75,12 +75,20 @@ class AppState::Port : public ScanPort {
         });
     }
     bool publish(const Progress& progress) override {
-        return show([&](AppState& state) {
-            state.done.set(progress.done);
-            state.rate.set(progress.rate);
-            state.eta.set(progress.eta);
-            state.verdicts.set(progress.verdicts);
+        // The scan goes on meanwhile, one publication ahead at most; what comes later comes later
+        // on the queue too.
+        if (published_ && !published_->wait().value_or(false)) return false;
+        published_.emplace(queue_, [state = state_, number = number_, progress] {
+            const auto self = state.lock();
+            if (self && self->scanNumber_ == number) {
+                self->done.set(progress.done);
+                self->rate.set(progress.rate);
+                self->eta.set(progress.eta);
+                self->verdicts.set(progress.verdicts);
+            }
+            return self != nullptr;
         });
+        return true;
     }
     bool pausesOnBattery() override { return *pauseOnBattery_; }
     bool finish(const VerdictList& found, Date started) override {
@@ -125,6 +133,7 @@ class AppState::Port : public ScanPort {
     }
 
     std::weak_ptr<AppState> state_;
+    std::optional<Hop<bool>> published_;
     MainQueue& queue_;
     const Locale& locale_;
     const std::shared_ptr<const std::atomic<bool>> pauseOnBattery_;

@@ -16,8 +16,9 @@
 namespace brindlet {
 
 /// All that a scan wants of the session. Called on the scan's thread; each call, but for
-/// `pausesOnBattery`, is carried out on the main thread before it returns. An operation that answers
-/// none or false says that the session is gone; the scan then unwinds.
+/// `publish` and `pausesOnBattery`, is carried out on the main thread before it returns, all in the
+/// order of the calls. An operation that answers none or false says that the session is gone; the
+/// scan then unwinds.
 class ScanPort {
   public:
     virtual ~ScanPort() = default;
@@ -57,6 +58,7 @@ class ScanPort {
         std::optional<double> eta;
         VerdictList verdicts;
     };
+    /// Returns before it is carried out, but not before the one before it was.
     virtual bool publish(const Progress& progress) = 0;
     /// The switch as it stands now.
     virtual bool pausesOnBattery() = 0;

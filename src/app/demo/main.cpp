@@ -13,6 +13,7 @@
 #include "app/demo/Options.h"
 #include "app/demo/Tour.h"
 #include "base/Files.h"
+#include "platform/linux/Memory.h"
 #include "sample/SampleMailStore.h"
 #include "session/AppState.h"
 
@@ -58,6 +59,7 @@ int runDemo(const Options& options, const std::string& root) {
 
 int main(int argc, char** argv) {
     using namespace brindlet::demo;
+    brindlet::shareHeaps();
     const auto options = parseOptions(argc, argv);
     if (options.help || !options.problem.empty()) {
         if (!options.problem.empty())

@@ -240,8 +240,8 @@ bool Scan::Work::classifyPass(const Indices& list, const VerdictList& before,
 std::function<Outcome()> Scan::Work::classifyOne(std::size_t index) {
     auto& row = rows[index];
     auto& parsed = bodies[index];
-    const auto blanket = rules->blanketVerdict(row.sender);
-    auto covering = blanket ? std::vector<const Rule*>() : rules->covering(row.sender);
+    auto covering = rules->covering(row.sender);
+    const auto blanket = RuleIndex::blanketVerdict(covering);
     Verdict verdict;
     verdict.id = row.id;
     verdict.messageID = std::move(parsed.messageID);

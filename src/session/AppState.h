@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "base/EnumInfo.h"
@@ -147,12 +148,22 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     void adoptRefreshedFolders(std::vector<MailAccount> loaded);
     void endRun();
     void failScanUnreadable(std::int64_t readable, std::int64_t total);
-    void finishScan(const VerdictList& found, const Ids& ticked, const MailAccount& scanned,
-                    const MailFolder& source, Date started);
+    /// What a scan has found, prepared on its own thread so that the main one has only to take it.
+    struct Findings {
+        VerdictList verdicts;
+        Ids ticked;
+        /// Message-ID and whether it is junk, of those that have one.
+        std::vector<std::pair<std::string, bool>> decided;
+        MailAccount account;
+        MailFolder folder;
+        Date started;
+
+        Findings(const VerdictList& found, const MailAccount& scanned, const MailFolder& source,
+                 Date start);
+    };
+    void finishScan(Findings findings);
     /// What a scan leaves behind, whether it is still the one on show or not.
-    ScanRecord recordScan(const VerdictList& found, const Ids& ticked, const MailAccount& scanned,
-                          const MailFolder& source, Date started);
-    static Ids ticksOf(const VerdictList& found, const MailFolder& source);
+    ScanRecord recordScan(const Findings& findings);
 
     Services services_;
     int readers_;

@@ -92,13 +92,12 @@ class AppState::Port : public ScanPort {
     }
     bool pausesOnBattery() override { return *pauseOnBattery_; }
     bool finish(const VerdictList& found, Date started) override {
-        // Counted out here: the main thread has only to take it over.
-        const auto ticked = ticksOf(found, folder_);
+        Findings findings(found, account_, folder_, started);
         return tell([&](AppState& state) {
             if (isPresent(state))
-                state.finishScan(found, ticked, account_, folder_, started);
+                state.finishScan(std::move(findings));
             else
-                state.recordScan(found, ticked, account_, folder_, started);
+                state.recordScan(findings);
         });
     }
 
@@ -191,45 +190,43 @@ void AppState::failScanUnreadable(std::int64_t readable, std::int64_t rows) {
     screen.set(Screen::results);
 }
 
-AppState::Ids AppState::ticksOf(const VerdictList& found, const MailFolder& source) {
+AppState::Findings::Findings(const VerdictList& found, const MailAccount& scanned,
+                             const MailFolder& source, Date start)
+    : verdicts(found), account(scanned), folder(source), started(start) {
     // In a junk folder a tick says that the message is real mail and should come out.
     const bool inJunk = source.role == MailFolder::Role::junk;
-    Ids ticked;
     ticked.reserve(found.size());
-    for (const auto& verdict : found)
-        if (verdict.messageID && verdict.isJunk != inJunk) ticked.insert(verdict.id);
-    return ticked;
+    decided.reserve(found.size());
+    for (const auto& verdict : found) {
+        if (!verdict.messageID) continue;
+        if (verdict.isJunk != inJunk) ticked.insert(verdict.id);
+        decided.emplace_back(*verdict.messageID, verdict.isJunk);
+    }
 }
 
-void AppState::finishScan(const VerdictList& found, const Ids& ticked, const MailAccount& scanned,
-                          const MailFolder& source, Date started) {
+void AppState::finishScan(Findings findings) {
     endRun();
-    verdicts.set(found);
-    approved.set(ticked);
+    verdicts.set(findings.verdicts);
+    approved.set(findings.ticked);
     schedule.setLastRun(services_.clock.now());
-    currentRecord = recordScan(found, ticked, scanned, source, started);
+    currentRecord = recordScan(findings);
     screen.set(Screen::results);
 }
 
-ScanRecord AppState::recordScan(const VerdictList& found, const Ids& ticked,
-                                const MailAccount& scanned, const MailFolder& source,
-                                Date started) {
-    std::vector<std::pair<std::string, bool>> decided;
-    decided.reserve(found.size());
-    for (const auto& verdict : found)
-        if (verdict.messageID) decided.emplace_back(*verdict.messageID, verdict.isJunk);
-    const auto label = scanned.displayLabel();
-    seen.mark(decided, label, source.name);
+ScanRecord AppState::recordScan(const Findings& findings) {
+    const auto label = findings.account.displayLabel();
+    seen.mark(findings.decided, label, findings.folder.name);
 
     ScanRecord record;
-    record.started = started;
+    record.started = findings.started;
     record.account = label;
-    record.folder = source.name;
-    record.scanned = static_cast<std::int64_t>(found.size());
-    record.junk = found.junkCount();
-    record.protectedCount = found.vetoedCount();
+    record.folder = findings.folder.name;
+    record.scanned = static_cast<std::int64_t>(findings.verdicts.size());
+    record.junk = findings.verdicts.junkCount();
+    record.protectedCount = findings.verdicts.vetoedCount();
     history.add(record);
-    scanFiles_.post([history = historyOwner_, found, ticked, started] {
+    scanFiles_.post([history = historyOwner_, found = findings.verdicts, ticked = findings.ticked,
+                     started = findings.started] {
         std::vector<ScanRecord::Saved> saved;
         saved.reserve(found.size());
         for (const auto& verdict : found)

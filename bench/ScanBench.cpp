@@ -124,6 +124,24 @@ std::string unlikeHome(const std::string& sample, const std::string& root) {
     return root + "/unlike";
 }
 
+/// What so many model calls take by themselves, four in flight and each answer handed back before
+/// the next is asked for, as a scan must make them: milliseconds. With a model that answers at once
+/// this is the price of the threads alone.
+double modelCalls(LanguageModel& model, std::size_t count) {
+    const auto classifier = std::make_shared<const Classifier>(model);
+    const auto call = [classifier, body = std::string(700, 'x')] {
+        return classifier->classify("Sender 17 <sender17@unlike.example>", "Your weekly report",
+                                    body);
+    };
+    return wallMilliseconds([&] {
+        TaskGroup<Category> group(4);
+        std::size_t next = 0;
+        while (next < std::min<std::size_t>(count, 4)) ++next, group.add(call);
+        while (group.next())
+            if (next < count) ++next, group.add(call);
+    });
+}
+
 struct Target {
     MailAccount account;
     MailFolder folder;
@@ -185,13 +203,15 @@ int main(const std::string& sample, int scans) {
         const double booking = loop.held.back();
         const double hop = *std::max_element(loop.held.begin() + 1, loop.held.end() - 1);
         longestHop = longestHop == 0 ? hop : std::min(longestHop, hop);
-        const double ratio = whole / reading;
+        const double calls = modelCalls(model, verdicts);
+        const double ratio = (whole - calls) / reading;
         // The first reads from the disk, against which anything looks quick.
         if (scan > 0) ratios.push_back(ratio);
         std::printf(
-            "scan %d of %zu messages: reading %.0f ms, whole %.0f ms, ratio %.2f; longest hop "
+            "scan %d of %zu messages: reading %.0f ms, whole %.0f ms, of it model calls %.0f ms, "
+            "ratio %.2f; longest hop "
             "%.2f ms, booking %.1f ms; %.0f MB\n",
-            scan + 1, verdicts, reading, whole, ratio, hop, booking, resident.back());
+            scan + 1, verdicts, reading, whole, calls, ratio, hop, booking, resident.back());
         std::fflush(stdout);
         if (++scan == scans)
             loop.stop();
@@ -221,7 +241,7 @@ int main(const std::string& sample, int scans) {
         std::printf("%-34s %8.2f %-3s at most %.2f%s\n", name, value, unit, most,
                     kept ? "" : "  TOO MUCH");
     };
-    line("whole scan over its reading",
+    line("scan less its calls, over reading",
          strictness().quick ? *std::min_element(ratios.begin(), ratios.end()) : median(ratios), "",
          2.0);
     line("longest hop while it runs", longestHop, "ms", 8.0);

@@ -5,7 +5,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <thread>
 
 #include "base/Cancel.h"
 #include "base/ThreadSafety.h"
@@ -95,8 +94,6 @@ class TaskGroup {
     std::optional<R> next() {
         Lock lock(state_->mutex);
         if (state_->unclaimed == 0) return std::nullopt;
-        for (int tries = 0; tries < patience && state_->finished.empty(); ++tries)
-            letOthersRun(state_->mutex);
         while (state_->finished.empty()) state_->answered.wait(state_->mutex);
         std::optional<R> result(std::move(state_->finished.front()));
         state_->finished.pop_front();
@@ -119,22 +116,11 @@ class TaskGroup {
         bool closed BRINDLET_GUARDED_BY(mutex) = false;
     };
 
-    /// Where children are quick, work and results come and go faster than a thread falls asleep and
-    /// is woken again; so each side looks a few times more before it sleeps.
-    static constexpr int patience = 8;
-    static void letOthersRun(Mutex& mutex) BRINDLET_REQUIRES(mutex) {
-        mutex.unlock();
-        std::this_thread::yield();
-        mutex.lock();
-    }
-
     static void run(State& state) {
         while (true) {
             std::function<R()> child;
             {
                 Lock lock(state.mutex);
-                for (int tries = 0; tries < patience && state.waiting.empty(); ++tries)
-                    letOthersRun(state.mutex);
                 ++state.idle;
                 while (state.waiting.empty() && !state.closed) state.added.wait(state.mutex);
                 --state.idle;

@@ -3,12 +3,15 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "base/EnumInfo.h"
+#include "base/IdSet.h"
 #include "base/Observable.h"
 #include "base/Task.h"
 #include "classify/Classifier.h"
@@ -17,6 +20,8 @@
 #include "mail/Reach.h"
 #include "platform/Power.h"
 #include "platform/Services.h"
+#include "session/Review.h"
+#include "session/VerdictIndex.h"
 #include "session/VerdictList.h"
 #include "stores/Calibration.h"
 #include "stores/Destinations.h"
@@ -45,7 +50,16 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
         history,
         rules,
     };
-    using Ids = std::unordered_set<std::int64_t>;
+    using Ids = IdSet;
+    using PendingRule = brindlet::PendingRule;
+    using Sweep = brindlet::Sweep;
+    /// Where the last finished move of the scan on show went.
+    struct PastMove {
+        std::string from;
+        std::string to;
+
+        friend bool operator==(const PastMove&, const PastMove&) = default;
+    };
 
     /// Loads the stores before it returns. The adapters outlive the session and its tasks.
     static std::shared_ptr<AppState> make(Services services, int readers = 8);
@@ -75,11 +89,22 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// Seconds left.
     Published<std::optional<double>> eta{*this};
     Published<VerdictList> verdicts{*this};
+    /// Subject templates by sender key and row id, as far as they were asked for; emptied whenever
+    /// `verdicts` changes.
+    std::unordered_map<std::string, std::unordered_map<std::int64_t, Classifier::Words>> families;
     Published<bool> running{*this};
     /// The category open in the results.
     Published<std::optional<Category>> expand{*this};
     /// The ticked messages, by row id.
     Published<Ids> approved{*this};
+    Published<std::optional<PastMove>> pastMove{*this};
+    /// Message-IDs of what was moved out of this scan.
+    Published<std::unordered_set<std::string>> movedAlready{*this};
+    Published<bool> moving{*this};
+    Published<std::int64_t> movedCount{*this};
+    Published<std::int64_t> moveTotal{*this};
+    Published<std::string> moveStage{*this};
+    Published<std::string> moveNote{*this};
     Published<std::optional<std::string>> moveError{*this};
 
   private:
@@ -99,6 +124,20 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     History& history;
     Seen& seen;
     Published<std::int64_t> skipped{*this};
+    /// How often the person taught something since the scan.
+    Published<std::int64_t> learned{*this};
+    /// The offer on show.
+    Published<std::optional<PendingRule>> pending{*this};
+    /// What the undo bar can undo; outlives a new scan.
+    Published<std::optional<Sweep>> lastSweep{*this};
+    /// Sender groups and categories that were opened and left, the latest last.
+    Published<std::vector<std::string>> reviewed{*this};
+    Published<std::vector<std::string>> reviewedCats{*this};
+    /// Messages that the person handled, oldest first, at most 2000.
+    Published<std::vector<std::int64_t>> touched{*this};
+    std::unordered_set<std::int64_t> touchedSet;
+    /// Moved messages that the person chose to return.
+    Published<Ids> putBack{*this};
 
     /// The permission test and the way on from the welcome.
     void pressOn();
@@ -124,6 +163,40 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::optional<std::string> etaText() const;
     void persistSoon();
 
+    /// Ticks or unticks one message, learns from it and offers the same for its like. It does not
+    /// refuse a message without a Message-ID; screens do.
+    void toggleMessage(std::int64_t id);
+    /// All messages of the category that have a Message-ID, moved ones included. Learns nothing.
+    void setCategoryTicked(Category category, bool tick);
+    /// `learn` is false for a filtered list: what happens to match says nothing of a sender.
+    void setMessagesTicked(const std::vector<std::int64_t>& ids, bool tick, bool learn);
+    void applyPendingRule(const PendingRule& offer, bool learn, SweepChoice choice);
+    void dismissPending();
+    void undoSweep();
+    /// Remembers what was opened and left: a sender group by its key, a category.
+    void markReviewed(const std::string& group);
+    void markCategoryReviewed(Category category);
+    /// The recurring phrase of the verdict's subject among its sender's mail; may be empty. Mines
+    /// the sender's whole family when it is first asked for.
+    Classifier::Words familyTemplate(const Verdict& verdict);
+    /// Puts a past scan back on screen; does nothing when its file is gone or damaged.
+    void openRecord(const ScanRecord& record);
+
+    /// Where to find what in `verdicts`; made anew when they changed.
+    const VerdictIndex& index() const;
+    /// Positions in `verdicts`, in its order, split by `movedAlready`. Cached.
+    const std::vector<std::uint32_t>& remainingVerdicts() const;
+    const std::vector<std::uint32_t>& movedVerdicts() const;
+    std::int64_t remainingJunk() const;
+    std::int64_t remainingKept() const;
+    std::int64_t protectedCount() const { return verdicts->vetoedCount(); }
+    /// How many remaining messages of the category are ticked.
+    std::int64_t tickedCount(Category category) const;
+    /// Nothing to show and nothing to do.
+    bool resultsEmpty() const;
+
+    /// The running search for messages like the one corrected, if one was ever started.
+    const std::optional<Task>& kindTask() const { return kindTask_; }
     /// `done` over `total`; 0 before there is anything to do.
     double progress() const;
     bool isJunkFolder() const;
@@ -173,6 +246,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::optional<Task> task_;
     std::uint64_t scanNumber_ = 0;  // tells the present scan from one that a newer has replaced
     std::vector<Screen> navStack_;
+    std::optional<Task> kindTask_;
     std::optional<Task> persistTask_;
     std::unique_ptr<Power::Activity> sleepAssertion_;
     /// Writes of scan files, in order: a stamp must find the file that it stamps.

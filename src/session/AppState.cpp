@@ -33,19 +33,22 @@ AppState::AppState(Services services, int readers)
       scheduleOwner_(std::make_shared<Schedule>(services)),
       destinationsOwner_(std::make_shared<Destinations>(services)),
       calibrationOwner_(std::make_shared<Calibration>(services)),
+      interruptedOwner_(std::make_shared<Interrupted>(services)),
       rulesOwner_(std::make_shared<Rules>(services)),
       historyOwner_(std::make_shared<History>(services)),
       seenOwner_(std::make_shared<Seen>(services)),
       schedule(*scheduleOwner_),
       destinations(*destinationsOwner_),
       calibration(*calibrationOwner_),
+      interrupted(*interruptedOwner_),
       rules(*rulesOwner_),
       history(*historyOwner_),
       seen(*seenOwner_),
       services_(services),
       readers_(readers),
       mail_(std::make_shared<const MailStore>(services)),
-      classifier_(std::make_shared<const Classifier>(services.model)) {
+      classifier_(std::make_shared<const Classifier>(services.model)),
+      mover_(std::make_shared<Mover>(services)) {
     seen.attribute(history);
 }
 
@@ -59,6 +62,7 @@ void AppState::observeStores() {
     childObservers_.push_back(schedule.subscribe(forward));
     childObservers_.push_back(destinations.subscribe(forward));
     childObservers_.push_back(calibration.subscribe(forward));
+    childObservers_.push_back(interrupted.subscribe(forward));
 }
 
 bool AppState::canReadIndex() const {

@@ -20,10 +20,12 @@
 #include "mail/MailAccount.h"
 #include "mail/MailStore.h"
 #include "mail/Reach.h"
+#include "mover/Mover.h"
 #include "platform/Power.h"
 #include "platform/Services.h"
 #include "platform/UserDefaults.h"
 #include "session/FamilyTemplates.h"
+#include "session/MoveRoute.h"
 #include "session/Review.h"
 #include "session/VerdictIndex.h"
 #include "session/VerdictList.h"
@@ -31,6 +33,7 @@
 #include "stores/Calibration.h"
 #include "stores/Destinations.h"
 #include "stores/History.h"
+#include "stores/Interrupted.h"
 #include "stores/Rules.h"
 #include "stores/Schedule.h"
 #include "stores/Seen.h"
@@ -57,6 +60,8 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
         history,
         rules,
     };
+    /// What goes on when the question about Gmail has been answered.
+    enum class GmailThen { scan, move, nothing };
     using Ids = IdSet;
     using PendingRule = brindlet::PendingRule;
     using Sweep = brindlet::Sweep;
@@ -82,6 +87,9 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::optional<ScanRecord> currentRecord;
     /// The label that the next load of the accounts must select.
     std::optional<std::string> pendingAccountLabel;
+    /// What goes on when the load of the accounts ends.
+    bool retryMoveOnLoad = false;
+    bool retryResumeOnLoad = false;
     Published<std::optional<MailAccount>> account{*this};
     Published<std::optional<MailFolder>> folder{*this};
     /// The most messages that one scan takes; 0 or less means no cap.
@@ -118,6 +126,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     const std::shared_ptr<Schedule> scheduleOwner_;
     const std::shared_ptr<Destinations> destinationsOwner_;
     const std::shared_ptr<Calibration> calibrationOwner_;
+    const std::shared_ptr<Interrupted> interruptedOwner_;
     const std::shared_ptr<Rules> rulesOwner_;
     const std::shared_ptr<History> historyOwner_;
     const std::shared_ptr<Seen> seenOwner_;
@@ -126,6 +135,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     Schedule& schedule;
     Destinations& destinations;
     Calibration& calibration;
+    Interrupted& interrupted;
     Rules& rules;
     History& history;
     Seen& seen;
@@ -188,6 +198,22 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     Classifier::Words familyTemplate(const Verdict& verdict);
     /// Puts a past scan back on screen; does nothing when its file is gone or damaged.
     void openRecord(const ScanRecord& record);
+
+    /// Moves the ticked messages out of the scan's folder. Without account or folder, as after a
+    /// past scan was put back, loads the accounts first.
+    void startMove();
+    /// Goes on with the move that was not finished.
+    void resumeMove();
+    /// Returns the messages in `putBack` to where they were moved from.
+    void putBackMoved();
+    /// True when the person has to be asked first; what was asked for then goes on with the answer.
+    bool askGmailIfNeeded(const std::optional<MailAccount>& account, GmailThen then);
+    /// Where the selected account's junk goes.
+    std::string destinationName() const;
+    /// Whose `stopMove` ends the running move.
+    Mover& mover() { return *mover_; }
+    /// The latest move, if there ever was one.
+    const std::optional<Task>& moveTask() const { return moveTask_; }
 
     /// Where to find what in `verdicts`; made anew when they changed.
     const VerdictIndex& index() const;
@@ -262,15 +288,44 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     void completeOffer(std::int64_t source, const KinAnswers& answers);
     void selectRecordAccount(const std::string& label);
 
+    /// A load that was started for the caller's sake calls it again, and must not start another.
+    enum class Caller { person, load };
+    /// What a move takes along to its end.
+    struct MoveRun {
+        VerdictList verdicts;
+        /// Positions of those that the person chose.
+        std::vector<std::uint32_t> selected;
+        MailAccount account;
+        std::string source;
+        std::string destination;
+    };
+    void startMove(Caller caller);
+    void resumeMove(Caller caller);
+    void beginMoving(std::size_t messages, const char* words);
+    void runMover(Mover::Request request, MoveRoute route, std::string movingWords,
+                  std::function<void(AppState&, const MoveOutcome&)> book);
+    void showMoveProgress(Mover::Phase phase, std::int64_t count, std::int64_t of,
+                          const std::string& source, const std::string& movingWords);
+    void finishMove(const MoveRun& run, const MoveOutcome& outcome);
+    void finishResume(const MoveRun& run, const MoveOutcome& outcome);
+    void finishPutBack(const MoveRun& run, const MoveOutcome& outcome);
+    void takeOut(const std::vector<const Verdict*>& gone);
+    void bookMoved(const std::vector<const Verdict*>& gone, const MoveRun& run);
+    bool isOnShow(const MoveRun& run) const;
+    bool allowsUIMove() const;
+    std::optional<std::string> savedDestination(const MailAccount& of) const;
+
     Services services_;
     int readers_;
     std::shared_ptr<const MailStore> mail_;
     std::shared_ptr<const Classifier> classifier_;
+    std::shared_ptr<Mover> mover_;
     std::vector<Subscription> childObservers_;
     std::optional<Task> task_;
     std::uint64_t scanNumber_ = 0;  // tells the present scan from one that a newer has replaced
     std::vector<Screen> navStack_;
     std::optional<Task> kindTask_;
+    std::optional<Task> moveTask_;
     std::optional<Task> persistTask_;
     std::unique_ptr<Power::Activity> sleepAssertion_;
     /// What was worked out last, and of which revisions.

@@ -26,10 +26,15 @@ void AppState::adoptAccounts(std::vector<MailAccount> loaded) {
     if (pendingAccountLabel) matchPendingLabel();
     if (!*account && !accounts->empty()) account.set(accounts->front());
     loadingAccounts.set(false);
-    if (accounts->empty() && !canReadIndex())
+    if (accounts->empty() && !canReadIndex()) {
+        retryMoveOnLoad = false;
         moveError.set(
             "macOS has dropped Brindlet's Full Disk Access - flip it back on in Privacy & "
             "Security, then try again.");
+        return;  // a resume waits for the load that finds accounts
+    }
+    if (std::exchange(retryMoveOnLoad, false) && *account) startMove(Caller::load);
+    if (std::exchange(retryResumeOnLoad, false)) resumeMove(Caller::load);
 }
 
 void AppState::matchPendingLabel() {
@@ -38,7 +43,7 @@ void AppState::matchPendingLabel() {
 }
 
 void AppState::refreshFolders() {
-    if (accounts->empty() || *running || *refreshingFolders) return;
+    if (accounts->empty() || *running || *moving || *refreshingFolders) return;
     refreshingFolders.set(true);
     (void)Task::start(TaskPriority::utility, [weak = weak_from_this(), mail = mail_,
                                               &queue = services_.mainQueue](const auto&) {

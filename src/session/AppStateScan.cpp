@@ -228,6 +228,7 @@ void AppState::finishScan(Findings findings) {
     schedule.setLastRun(services_.clock.now());
     currentRecord = recordScan(findings);
     screen.set(Screen::results);
+    if (schedule.enabled() && schedule.mode() == SortMode::automatic) startMove();
 }
 
 ScanRecord AppState::recordScan(const Findings& findings) {

@@ -4,6 +4,7 @@
 #include <QObject>
 
 #include "screens/Coalescer.h"
+#include "screens/history/HistoryModel.h"
 #include "screens/permission/PermissionModel.h"
 #include "screens/pick/PickModel.h"
 #include "screens/results/ResultsModel.h"
@@ -27,9 +28,10 @@ class AppModel : public QObject {
     Q_PROPERTY(brindlet::screens::PickModel* pick READ pick CONSTANT)
     Q_PROPERTY(brindlet::screens::ScanningModel* scanning READ scanning CONSTANT)
     Q_PROPERTY(brindlet::screens::ResultsModel* results READ results CONSTANT)
+    Q_PROPERTY(brindlet::screens::HistoryModel* history READ history CONSTANT)
 
   public:
-    enum Screen { Welcome, Permission, Pick, Scanning, Results };
+    enum Screen { Welcome, Permission, Pick, Scanning, Results, History };
     Q_ENUM(Screen)
 
     explicit AppModel(AppState& state);
@@ -43,6 +45,7 @@ class AppModel : public QObject {
     PickModel* pick() { return &pick_; }
     ScanningModel* scanning() { return &scanning_; }
     ResultsModel* results() { return &results_; }
+    HistoryModel* history() { return &history_; }
     const Coalescer& coalescer() const { return coalescer_; }
 
   Q_SIGNALS:
@@ -60,6 +63,7 @@ class AppModel : public QObject {
     PickModel pick_;
     ScanningModel scanning_;
     ResultsModel results_;
+    HistoryModel history_;
     Coalescer coalescer_;
 };
 

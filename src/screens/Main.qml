@@ -109,6 +109,9 @@ Window {
         case AppModel.Results:
             stage.setSource("ResultsScreen.qml", { "model": root.app.results });
             break;
+        case AppModel.History:
+            stage.setSource("HistoryScreen.qml", { "model": root.app.history });
+            break;
         }
     }
 }

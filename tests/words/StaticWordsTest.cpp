@@ -2,6 +2,7 @@
 
 #include "words/CategoryWords.h"
 #include "words/FolderWords.h"
+#include "words/HistoryWords.h"
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
 #include "words/ResultsWords.h"
@@ -86,6 +87,19 @@ TEST(StaticWords, Results) {
     EXPECT_EQ(error.symbol, "exclamationmark.triangle.fill");
     EXPECT_EQ(error.title, "This scan was stopped");
     EXPECT_EQ(error.quit, "Quit Brindlet");
+}
+
+TEST(StaticWords, History) {
+    const HistoryWords words;
+    EXPECT_EQ(words.title, "History");
+    EXPECT_EQ(words.rulesTitle, "RULES YOU TAUGHT IT");
+    EXPECT_EQ(words.binTitle, "RECENTLY DELETED");
+    EXPECT_STREQ(historyLabels::putOnScreen, "Put this scan back on screen");
+    EXPECT_STREQ(historyLabels::deleteScan, "Delete Scan");
+    EXPECT_STREQ(historyLabels::deleteSymbol, "trash");
+    EXPECT_STREQ(historyLabels::putBack, "Put back");
+    EXPECT_STREQ(historyLabels::purgeHelp,
+                 "Erase this scan and the verdicts it saved. Cannot be undone.");
 }
 
 }  // namespace

@@ -1,0 +1,30 @@
+import QtQuick
+import Brindlet.Screens
+
+// What can be done with a scan, apart from opening it.
+ContextMenu {
+    id: root
+
+    required property HistoryModel model
+    // Not its number: rows may come and go while the menu stands.
+    property ScanRow scan: null
+
+    objectName: "scanMenu"
+    title: root.model.deleteLabel
+
+    function ask(scan: ScanRow, place: point): void {
+        scan.forceActiveFocus();
+        root.scan = scan;
+        root.popup(scan, place.x, place.y);
+    }
+
+    ContextMenuRow {
+        objectName: "deleteFromMenu"
+        symbol: root.model.deleteSymbol
+        text: root.model.deleteLabel
+        onTriggered: {
+            if (root.scan !== null)
+                root.scan.remove();
+        }
+    }
+}

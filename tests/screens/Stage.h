@@ -50,6 +50,9 @@ MailFolder folder(std::int64_t id, const std::string& name, std::int64_t count);
 MailAccount account(const std::string& address, std::vector<MailFolder> folders);
 /// So many verdicts, spread over the categories, with some protected and some without an id.
 VerdictList verdicts(int count);
+/// A scan so many days before the test's present, with so many messages moved.
+ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& folder,
+                      int moved = 0);
 
 /// States of a session that have a screen of their own each. They leave the session on that screen.
 namespace scenes {
@@ -66,6 +69,11 @@ void results(AppState& state);
 void openResults(AppState& state);
 void stoppedScan(AppState& state);
 void nothingFound(AppState& state);
+/// Four scans, the first moved three messages and has its file; a bin of two.
+void history(AppState& state);
+/// The same with the first scan moved by hundreds.
+void longHistory(AppState& state);
+void emptyHistory(AppState& state);
 }  // namespace scenes
 
 }  // namespace brindlet::testing

@@ -12,10 +12,18 @@ ContextMenu {
     objectName: "scanMenu"
     title: root.model.deleteLabel
 
+    // The toolkit would leave the keyboard nowhere.
+    onClosed: {
+        if (root.scan !== null)
+            root.scan.forceActiveFocus();
+    }
+
     function ask(scan: ScanRow, place: point): void {
         scan.forceActiveFocus();
         root.scan = scan;
         root.popup(scan, place.x, place.y);
+        if (Theme.keyboardLeads)
+            root.currentIndex = 0;
     }
 
     ContextMenuRow {

@@ -116,6 +116,7 @@ StackRow {
                         objectName: "deleteScan" + root.index
                         symbol: root.history.deleteSymbol
                         help: root.history.deleteLabel
+                        tint: Theme.ink3
                         focusPolicy: root.controlFocus
                         onClicked: root.remove()
                     }
@@ -132,18 +133,22 @@ StackRow {
                 }
             }
         }
-        ScanDetails {
-            visible: root.expanded
+        Loader {
+            active: root.expanded
+            visible: active
             x: 20
             width: parent.width - 40
-            scan: root.index
-            junk: root.junk
-            movedInto: root.movedInto
-            movedTitle: root.movedTitle
-            messages: root.messages
-            onDisk: root.onDisk
-            history: root.history
-            controlFocus: root.controlFocus
+
+            sourceComponent: ScanDetails {
+                scan: root.index
+                junk: root.junk
+                movedInto: root.movedInto
+                movedTitle: root.movedTitle
+                messages: root.messages
+                onDisk: root.onDisk
+                history: root.history
+                controlFocus: root.controlFocus
+            }
         }
     }
 

@@ -17,6 +17,8 @@ AppModel::Screen screenFor(AppState::Screen screen) {
             return AppModel::Scanning;
         case AppState::Screen::results:
             return AppModel::Results;
+        case AppState::Screen::rules:
+            return AppModel::Rules;
         default:  // nothing leads to the others
             return AppModel::Welcome;
     }
@@ -31,6 +33,7 @@ AppModel::AppModel(AppState& state)
       pick_(state),
       scanning_(state),
       results_(state),
+      rules_(state),
       coalescer_(state, [this] { refresh(); }) {
     refresh();
 }
@@ -48,6 +51,8 @@ void AppModel::setDark(bool dark) {
 void AppModel::refresh() {
     const auto next = screenFor(*state_.screen);
     const bool appears = next != screen_;
+    // First, because what is forgotten then is not to be seen on the next screen.
+    if (appears && screen_ == Rules) rules_.leave();
     switch (next) {
         case Welcome:
         case Permission:
@@ -61,6 +66,9 @@ void AppModel::refresh() {
             break;
         case Results:
             results_.refresh();
+            break;
+        case Rules:
+            rules_.refresh();
             break;
     }
     if (!appears) return;

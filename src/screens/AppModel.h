@@ -7,6 +7,7 @@
 #include "screens/permission/PermissionModel.h"
 #include "screens/pick/PickModel.h"
 #include "screens/results/ResultsModel.h"
+#include "screens/rules/RulesModel.h"
 #include "screens/scanning/ScanningModel.h"
 #include "screens/welcome/WelcomeModel.h"
 
@@ -27,9 +28,10 @@ class AppModel : public QObject {
     Q_PROPERTY(brindlet::screens::PickModel* pick READ pick CONSTANT)
     Q_PROPERTY(brindlet::screens::ScanningModel* scanning READ scanning CONSTANT)
     Q_PROPERTY(brindlet::screens::ResultsModel* results READ results CONSTANT)
+    Q_PROPERTY(brindlet::screens::RulesModel* rules READ rules CONSTANT)
 
   public:
-    enum Screen { Welcome, Permission, Pick, Scanning, Results };
+    enum Screen { Welcome, Permission, Pick, Scanning, Results, Rules };
     Q_ENUM(Screen)
 
     explicit AppModel(AppState& state);
@@ -43,6 +45,7 @@ class AppModel : public QObject {
     PickModel* pick() { return &pick_; }
     ScanningModel* scanning() { return &scanning_; }
     ResultsModel* results() { return &results_; }
+    RulesModel* rules() { return &rules_; }
     const Coalescer& coalescer() const { return coalescer_; }
 
   Q_SIGNALS:
@@ -60,6 +63,7 @@ class AppModel : public QObject {
     PickModel pick_;
     ScanningModel scanning_;
     ResultsModel results_;
+    RulesModel rules_;
     Coalescer coalescer_;
 };
 

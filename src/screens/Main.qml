@@ -109,6 +109,9 @@ Window {
         case AppModel.Results:
             stage.setSource("ResultsScreen.qml", { "model": root.app.results });
             break;
+        case AppModel.Rules:
+            stage.setSource("RulesScreen.qml", { "model": root.app.rules });
+            break;
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "words/CalibrationWords.h"
 
 #include "platform/Locale.h"
+#include "stores/StoreFile.h"
 #include "words/RuleWords.h"
 
 namespace brindlet {
@@ -8,7 +9,7 @@ namespace brindlet {
 CalibrationWords calibrationWords(const Locale& locale, const Calibration::Row& row) {
     const bool keep = row.verdict == Rule::Verdict::keep;
     const auto& tally = row.tally;
-    const auto total = locale.grouped(tally.toKeep + tally.toJunk);
+    const auto total = locale.grouped(saturatingSum(tally.toKeep, tally.toJunk));
     CalibrationWords words;
     words.category = row.category;
     words.badge = verdictMark(row.verdict);

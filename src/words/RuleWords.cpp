@@ -5,8 +5,8 @@
 namespace brindlet {
 namespace {
 
-constexpr std::size_t worthNarrowing = 6;
-constexpr std::int64_t worthCounting = 2;
+constexpr std::size_t leastToNarrow = 6;
+constexpr std::int64_t leastToCount = 2;
 
 std::string lineUnder(const Rule& rule, bool marked) {
     if (marked) return "Will be forgotten when you leave this screen";
@@ -21,7 +21,7 @@ RuleWords ruleWords(const Locale& locale, const Rule& rule, std::int64_t here, b
     words.verdict = verdictMark(rule.verdict);
     words.verdict.help = "Flip this rule";
     if (here > 0) words.here = locale.grouped(here) + " here";
-    if (rule.hits >= worthCounting) words.hits = "\u00d7" + locale.grouped(rule.hits);
+    if (rule.hits >= leastToCount) words.hits = "\u00d7" + locale.grouped(rule.hits);
     words.line = lineUnder(rule, marked);
     words.held = rule.legacy;
     words.ofSession = rule.scope == Rule::Scope::session;
@@ -29,9 +29,8 @@ RuleWords ruleWords(const Locale& locale, const Rule& rule, std::int64_t here, b
     return words;
 }
 
-std::string narrowLine(std::size_t covered) {
-    if (covered < worthNarrowing) return {};
-    return "Untick any of these to narrow what this rule should catch.";
+bool worthNarrowing(std::size_t covered) {
+    return covered >= leastToNarrow;
 }
 
 Mark verdictMark(Rule::Verdict verdict) {

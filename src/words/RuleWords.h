@@ -15,7 +15,7 @@ class Locale;
 /// One rule of a list.
 struct RuleWords {
     std::string sender;
-    /// A click on it flips the rule.
+    /// A click on it flips the rule; its help says so.
     Mark verdict;
     /// How much mail of the last scan it covers; empty when none.
     std::string here;
@@ -47,10 +47,11 @@ struct RuleControls {
     std::string markHelp = "Forget this rule";
     std::string unmarkSymbol = "arrow.uturn.backward.circle.fill";
     std::string unmarkHelp = "Keep this rule after all";
+    /// Stands under the messages that a rule covers, if they are many enough to narrow.
+    std::string narrow = "Untick any of these to narrow what this rule should catch.";
 };
 
-/// Stands with the messages that a rule covers; empty when they are too few to narrow anything.
-std::string narrowLine(std::size_t covered);
+bool worthNarrowing(std::size_t covered);
 
 /// The box that tells a verdict.
 Mark verdictMark(Rule::Verdict verdict);

@@ -10,6 +10,9 @@ inline constexpr const char* howMany = "How many messages";
 inline constexpr const char* mailboxes = "Mailboxes";
 inline constexpr const char* messages = "Messages";
 inline constexpr const char* progress = "Progress";
+inline constexpr const char* rules = "Rules";
+inline constexpr const char* kindOfMail = "Kind of mail";
+inline constexpr const char* ruleSays = "What the rule says";
 inline constexpr const char* expanded = "Expanded";
 inline constexpr const char* collapsed = "Collapsed";
 

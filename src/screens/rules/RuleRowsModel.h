@@ -7,8 +7,10 @@
 #include <set>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "screens/rules/RuleControlsText.h"
 #include "session/RuleCoverage.h"
 #include "session/VerdictList.h"
 #include "words/RuleWords.h"
@@ -28,25 +30,17 @@ class RuleRowsModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the program")
-    Q_PROPERTY(QString showHelp READ showHelp CONSTANT)
-    Q_PROPERTY(QString enableLabel READ enableLabel CONSTANT)
-    Q_PROPERTY(QString enableHelp READ enableHelp CONSTANT)
-    Q_PROPERTY(QString promoteLabel READ promoteLabel CONSTANT)
-    Q_PROPERTY(QString promoteHelp READ promoteHelp CONSTANT)
-    Q_PROPERTY(QString markSymbol READ markSymbol CONSTANT)
-    Q_PROPERTY(QString markHelp READ markHelp CONSTANT)
-    Q_PROPERTY(QString unmarkSymbol READ unmarkSymbol CONSTANT)
-    Q_PROPERTY(QString unmarkHelp READ unmarkHelp CONSTANT)
     Q_PROPERTY(QString listName READ listName CONSTANT)
+    Q_PROPERTY(brindlet::screens::RuleControlsText* controls READ controls CONSTANT)
 
   public:
-    enum Kind { Heading, RuleLine, Message, Narrow };
+    enum Kind { Heading, RuleItem, Message, Narrow };
     Q_ENUM(Kind)
     enum Role {
         KindRole = Qt::UserRole + 1,
-        TitleRole,        // a heading's label, a rule's sender, a message's subject
+        TitleRole,        // a heading's label, a rule's sender, a message's subject, a line
         DetailRole,       // a heading's note, the line under a rule, a message's sender
-        DescriptionRole,  // what a screen reader adds
+        DescriptionRole,  // what a screen reader says besides the title
         PillRole,
         PillToneRole,
         PillHelpRole,
@@ -57,10 +51,10 @@ class RuleRowsModel : public QAbstractListModel {
         HeldRole,
         OfSessionRole,
         MarkedRole,
-        TickedRole,
-        CanTickRole,
+        TickSymbolRole,
         TickHelpRole,
-        FirstRole,  // of its section's card
+        CanTickRole,
+        FirstRole,  // under its heading
         LastRole,
     };
     /// What the view shows, asked for whenever the rules changed.
@@ -72,26 +66,19 @@ class RuleRowsModel : public QAbstractListModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// Notifies what differs; looks at the verdicts only when they or the rules changed.
+    /// Looks at the verdicts only when they or the rules changed.
     void refresh();
     /// The view is left: the marked rules are forgotten and everything is closed.
     void leave();
 
-    QString showHelp() const;
-    QString enableLabel() const;
-    QString enableHelp() const;
-    QString promoteLabel() const;
-    QString promoteHelp() const;
-    QString markSymbol() const;
-    QString markHelp() const;
-    QString unmarkSymbol() const;
-    QString unmarkHelp() const;
     QString listName() const;
+    RuleControlsText* controls() { return &controls_; }
 
     /// Opens or closes a rule, ticks or unticks a message; nothing on other rows.
     Q_INVOKABLE void choose(int row);
+    /// Nothing on rows that are no rule, and on rules that cover no mail.
     Q_INVOKABLE void setOpen(int row, bool open);
-    /// The rule to which a row belongs; the row itself when it belongs to none.
+    /// The row of the rule to which a row belongs; the row itself when there is none.
     Q_INVOKABLE int ruleRow(int row) const;
     Q_INVOKABLE void flip(int row);
     Q_INVOKABLE void enable(int row);
@@ -99,25 +86,30 @@ class RuleRowsModel : public QAbstractListModel {
     Q_INVOKABLE void toggleMark(int row);
 
   private:
-    struct Entry {
+    /// Names a heading or a rule for as long as the model lives.
+    using Key = std::uint32_t;
+    struct Face;
+    struct Item {
         Rule rule;
         std::string id;
-        /// The same for as long as the model lives.
-        std::uint32_t key = 0;
-        std::size_t section = 0;
+        std::int64_t here = 0;
+        /// In the coverage.
+        std::size_t place = 0;
+    };
+    struct Section {
+        Key heading = 0;
+        std::vector<Key> items;
     };
     struct Row {
         Kind kind = Heading;
-        /// Into `headings_`, or for all others into `entries_`.
-        std::uint32_t subject = 0;
-        /// Position of the message.
+        /// The heading, or the rule that it is or belongs to.
+        Key key = 0;
+        /// The message's position.
         std::uint32_t verdict = 0;
-        /// Tells which row it is, before and after a change.
-        std::uint64_t key = 0;
     };
     struct Revisions {
-        std::uint64_t rules = 0;
-        std::uint64_t ofSession = 0;
+        std::uint64_t all = 0;
+        std::uint64_t session = 0;
         std::uint64_t verdicts = 0;
         std::uint64_t moved = 0;
         std::uint64_t approved = 0;
@@ -125,26 +117,28 @@ class RuleRowsModel : public QAbstractListModel {
         friend bool operator==(const Revisions&, const Revisions&) = default;
     };
 
-    const Row* at(int row, Kind kind) const;
-    std::uint32_t keyOf(const std::string& identity);
+    Key keyOf(const std::string& identity);
     void takeRules();
-    std::vector<Row> makeRows() const;
-    void adoptRows(std::vector<Row> fresh);
-    void rebuild();
-    QVariant headingData(const Row& row, int role) const;
-    QVariant ruleData(const Row& row, int role) const;
-    QVariant messageData(const Row& row, int role) const;
+    std::vector<Row> makeRows();
+    void showRows();
+    void tellChanged(int first, int last);
+    const Item* itemAt(int row) const;
+    Face faceOf(const Row& row) const;
+    Face ruleFace(const Item& item) const;
+    Face messageFace(std::uint32_t verdict) const;
 
     AppState& state_;
-    const Sections sections_;
-    RuleCoverage coverage_;
-    VerdictList verdicts_;
+    const Sections sectionsOf_;
+    RuleControlsText controls_;
     std::optional<Revisions> shown_;
-    std::vector<std::pair<std::string, std::string>> headings_;
-    std::vector<Entry> entries_;
+    VerdictList verdicts_;
+    RuleCoverage coverage_;
+    std::vector<Section> sections_;
+    std::unordered_map<Key, std::pair<std::string, std::string>> headings_;
+    std::unordered_map<Key, Item> items_;
+    std::unordered_map<std::string, Key> keys_;
     std::vector<Row> rows_;
-    std::unordered_map<std::string, std::uint32_t> keys_;
-    std::set<std::uint32_t> open_;
+    std::set<std::string> open_;
     std::set<std::string> marked_;
 };
 

@@ -85,7 +85,7 @@ MessageWords messageWords(const AppState& state, const Verdict& verdict) {
             "works as usual.";
     } else {
         words.tickSymbol =
-            state.approved->count(verdict.id) > 0 ? "checkmark.square.fill" : "square";
+            state.approved->contains(verdict.id) ? "checkmark.square.fill" : "square";
     }
     words.mark = verdict.vetoed ? Mark{"PROTECTED", Tone::green, {}} : verdictMark(verdict.isJunk);
     return words;

@@ -53,7 +53,7 @@ TEST(ScreenReader, EveryControlOfEveryScreenHasANameAndARole) {
     for (const auto scene :
          {+[](AppState&) {}, +scenes::permission, +scenes::mailboxes, +scenes::chosenMailbox,
           +scenes::noAccounts, +scenes::scanning, +scenes::pausedScan, +scenes::openResults,
-          +scenes::stoppedScan, +scenes::nothingFound}) {
+          +scenes::stoppedScan, +scenes::nothingFound, +scenes::noRules, +scenes::rules}) {
         Stage stage(scene);
         const Reader reader(stage);
         int focusables = 0;

@@ -16,6 +16,8 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"paused scan", scenes::pausedScan},
     {"open results", scenes::openResults},
     {"stopped scan", scenes::stoppedScan},
+    {"no rules", scenes::noRules},
+    {"rules", scenes::rules},
 };
 
 TEST(Keyboard, TabReachesEveryControlAndComesAround) {

@@ -66,6 +66,9 @@ void results(AppState& state);
 void openResults(AppState& state);
 void stoppedScan(AppState& state);
 void nothingFound(AppState& state);
+void noRules(AppState& state);
+/// Two flipped categories and rules of every kind, over the mail of `results`.
+void rules(AppState& state);
 }  // namespace scenes
 
 }  // namespace brindlet::testing

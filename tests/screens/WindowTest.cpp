@@ -17,7 +17,8 @@ const std::vector<Scene> allScenes{
     {"no accounts", scenes::noAccounts},     {"scanning", scenes::scanning},
     {"paused scan", scenes::pausedScan},     {"results", scenes::results},
     {"open results", scenes::openResults},   {"stopped scan", scenes::stoppedScan},
-    {"nothing found", scenes::nothingFound},
+    {"nothing found", scenes::nothingFound}, {"no rules", scenes::noRules},
+    {"rules", scenes::rules},
 };
 
 class EveryScreen : public ::testing::TestWithParam<Scene> {};
@@ -45,7 +46,7 @@ TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
     stage.window()->resize(stage.window()->minimumSize());
     stage.settle();
     const QRectF frame(0, 0, stage.window()->width(), stage.window()->height());
-    const bool scrolls = stage.find("resultsPage") != nullptr;
+    const bool scrolls = stage.find("resultsPage") || stage.find("rulesScreen");
     for (auto* item : stage.tabStops()) {
         const auto place = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
         EXPECT_GE(place.left(), 0) << item->objectName().toStdString();
@@ -69,6 +70,7 @@ TEST(Window, ShowsTheScreenOfTheSession) {
         {AppState::Screen::pick, "pickScreen"},
         {AppState::Screen::scanning, "scanningScreen"},
         {AppState::Screen::results, "resultsScreen"},
+        {AppState::Screen::rules, "rulesScreen"},
         {AppState::Screen::welcome, "welcomeScreen"},
     };
     for (const auto& [screen, name] : screens) {

@@ -30,6 +30,9 @@ class IdSet {
     bool empty() const { return size_ == 0; }
     /// How many ids both hold.
     std::size_t countCommon(const IdSet& other) const;
+    /// The ids that only one of both holds, in ascending order. Takes no time for what the two
+    /// still share.
+    std::vector<std::int64_t> difference(const IdSet& other) const;
 
     friend bool operator==(const IdSet& a, const IdSet& b);
 

@@ -12,14 +12,18 @@ namespace brindlet {
 
 /// A set of 64-bit ids that copies in next to no time, however many it holds: bitmaps of 512
 /// neighbours each, shared between copies until one of them writes. Made for row ids, which lie
-/// close together; ids far apart cost more memory but nothing else. A copy may go to another
-/// thread; one object belongs to one thread at a time.
+/// close together; many that lie far apart cost memory, and time when inserted one by one. A copy
+/// may go to another thread; one object, copying from it included, belongs to one thread at a time.
 class IdSet {
   public:
     IdSet() = default;
     IdSet(std::initializer_list<std::int64_t> ids);
     /// In any order, repeats allowed. Quicker than inserting one by one.
     explicit IdSet(std::vector<std::int64_t> ids);
+    IdSet(const IdSet& other);
+    IdSet(IdSet&& other) noexcept;
+    IdSet& operator=(IdSet other) noexcept;
+    ~IdSet() = default;
 
     /// True when it was not there before.
     bool insert(std::int64_t id);
@@ -28,8 +32,14 @@ class IdSet {
     bool contains(std::int64_t id) const;
     std::size_t size() const { return size_; }
     bool empty() const { return size_ == 0; }
-    /// How many ids both hold.
+    void insertAll(const IdSet& other);
+    void eraseAll(const IdSet& other);
+    /// The ids that both hold, and how many these are.
+    IdSet common(const IdSet& other) const;
     std::size_t countCommon(const IdSet& other) const;
+    /// The ids that only one of both holds, in ascending order. Takes no time for what the two
+    /// still share.
+    std::vector<std::int64_t> difference(const IdSet& other) const;
 
     friend bool operator==(const IdSet& a, const IdSet& b);
 
@@ -66,11 +76,22 @@ class IdSet {
         /// The ids' upper bits.
         std::int64_t key = 0;
         std::shared_ptr<Bits> bits;
+        /// No copy has ever shared the bits. Asking the pointer how many owners it has would not
+        /// do: one that has just gone on another thread may still have been reading.
+        mutable bool own = true;
     };
-    std::vector<Chunk>::const_iterator find(std::int64_t key) const;
-    Bits& writable(Chunk& chunk);
+    using Chunks = std::vector<Chunk>;
+    /// Where the chunk of the key stands, or would stand.
+    Chunks::const_iterator find(std::int64_t key) const;
+    static Bits& writable(Chunk& chunk);
+    /// A chunk of another set, to be shared with it.
+    static const Chunk& shared(const Chunk& chunk);
+    /// Calls visit(a, b) for each key that both sets have.
+    template <class Visit>
+    static void eachCommonKey(const IdSet& a, const IdSet& b, Visit visit);
+    void recount();
 
-    std::vector<Chunk> chunks_;  // by ascending key; none is empty
+    Chunks chunks_;  // by ascending key; none is empty
     std::size_t size_ = 0;
 };
 

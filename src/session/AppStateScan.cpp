@@ -195,7 +195,6 @@ AppState::Findings::Findings(const VerdictList& found, const MailAccount& scanne
     : verdicts(found), account(scanned), folder(source), started(start) {
     // In a junk folder a tick says that the message is real mail and should come out.
     const bool inJunk = source.role == MailFolder::Role::junk;
-    ticked.reserve(found.size());
     decided.reserve(found.size());
     for (const auto& verdict : found) {
         if (!verdict.messageID) continue;
@@ -232,7 +231,7 @@ ScanRecord AppState::recordScan(const Findings& findings) {
         for (const auto& verdict : found)
             saved.push_back({verdict.id, verdict.messageID, verdict.sender, verdict.subject,
                              std::string(rawValue(verdict.category)), verdict.isJunk,
-                             verdict.vetoed, ticked.count(verdict.id) > 0});
+                             verdict.vetoed, ticked.contains(verdict.id)});
         history->writeScan(saved, started);
     });
     return record;

@@ -51,7 +51,8 @@ void AppModel::setDark(bool dark) {
 void AppModel::refresh() {
     const auto next = screenFor(*state_.screen);
     const bool appears = next != screen_;
-    // First, because what is forgotten then is not to be seen on the next screen.
+    // First, because what leaving changes is to be seen on the next screen.
+    if (appears && screen_ == Results) results_.leave();
     if (appears && screen_ == Rules) rules_.leave();
     switch (next) {
         case Welcome:

@@ -27,6 +27,7 @@ Window {
         id: input
 
         window: root
+        onUsed: Help.dismiss()
     }
     Binding {
         target: Theme
@@ -83,6 +84,7 @@ Window {
             }
         }
     }
+    HelpTip {}
     Connections {
         target: root.app
 

@@ -19,6 +19,8 @@ AppModel::Screen screenFor(AppState::Screen screen) {
             return AppModel::Results;
         case AppState::Screen::history:
             return AppModel::History;
+        case AppState::Screen::rules:
+            return AppModel::Rules;
         default:  // nothing leads to the others
             return AppModel::Welcome;
     }
@@ -34,6 +36,7 @@ AppModel::AppModel(AppState& state)
       scanning_(state),
       results_(state),
       history_(state),
+      rules_(state),
       coalescer_(state, [this] { refresh(); }) {
     refresh();
 }
@@ -51,7 +54,10 @@ void AppModel::setDark(bool dark) {
 void AppModel::refresh() {
     const auto next = screenFor(*state_.screen);
     const bool appears = next != screen_;
+    // First, because what leaving changes is to be seen on the next screen.
+    if (appears && screen_ == Results) results_.leave();
     if (appears && screen_ == History) history_.leave();
+    if (appears && screen_ == Rules) rules_.leave();
     switch (next) {
         case Welcome:
         case Permission:
@@ -68,6 +74,9 @@ void AppModel::refresh() {
             break;
         case History:
             history_.refresh();
+            break;
+        case Rules:
+            rules_.refresh();
             break;
     }
     if (!appears) return;

@@ -8,6 +8,7 @@
 #include "screens/permission/PermissionModel.h"
 #include "screens/pick/PickModel.h"
 #include "screens/results/ResultsModel.h"
+#include "screens/rules/RulesModel.h"
 #include "screens/scanning/ScanningModel.h"
 #include "screens/welcome/WelcomeModel.h"
 
@@ -29,9 +30,10 @@ class AppModel : public QObject {
     Q_PROPERTY(brindlet::screens::ScanningModel* scanning READ scanning CONSTANT)
     Q_PROPERTY(brindlet::screens::ResultsModel* results READ results CONSTANT)
     Q_PROPERTY(brindlet::screens::HistoryModel* history READ history CONSTANT)
+    Q_PROPERTY(brindlet::screens::RulesModel* rules READ rules CONSTANT)
 
   public:
-    enum Screen { Welcome, Permission, Pick, Scanning, Results, History };
+    enum Screen { Welcome, Permission, Pick, Scanning, Results, History, Rules };
     Q_ENUM(Screen)
 
     explicit AppModel(AppState& state);
@@ -46,6 +48,7 @@ class AppModel : public QObject {
     ScanningModel* scanning() { return &scanning_; }
     ResultsModel* results() { return &results_; }
     HistoryModel* history() { return &history_; }
+    RulesModel* rules() { return &rules_; }
     const Coalescer& coalescer() const { return coalescer_; }
 
   Q_SIGNALS:
@@ -64,6 +67,7 @@ class AppModel : public QObject {
     ScanningModel scanning_;
     ResultsModel results_;
     HistoryModel history_;
+    RulesModel rules_;
     Coalescer coalescer_;
 };
 

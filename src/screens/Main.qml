@@ -27,6 +27,7 @@ Window {
         id: input
 
         window: root
+        onUsed: Help.dismiss()
     }
     Binding {
         target: Theme
@@ -83,6 +84,7 @@ Window {
             }
         }
     }
+    HelpTip {}
     Connections {
         target: root.app
 
@@ -111,6 +113,9 @@ Window {
             break;
         case AppModel.History:
             stage.setSource("HistoryScreen.qml", { "model": root.app.history });
+            break;
+        case AppModel.Rules:
+            stage.setSource("RulesScreen.qml", { "model": root.app.rules });
             break;
         }
     }

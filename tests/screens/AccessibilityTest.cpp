@@ -55,7 +55,7 @@ TEST(ScreenReader, EveryControlOfEveryScreenHasANameAndARole) {
          {+[](AppState&) {}, +scenes::permission, +scenes::mailboxes, +scenes::chosenMailbox,
           +scenes::noAccounts, +scenes::scanning, +scenes::pausedScan, +scenes::openResults,
           +scenes::stoppedScan, +scenes::nothingFound, +scenes::history, +scenes::longHistory,
-          +scenes::emptyHistory}) {
+          +scenes::emptyHistory, +scenes::noRules, +scenes::rules}) {
         Stage stage(scene);
         const Reader reader(stage);
         int focusables = 0;

@@ -18,6 +18,8 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"stopped scan", scenes::stoppedScan},
     {"history", scenes::history},
     {"empty history", scenes::emptyHistory},
+    {"no rules", scenes::noRules},
+    {"rules", scenes::rules},
 };
 
 TEST(Keyboard, TabReachesEveryControlAndComesAround) {

@@ -250,5 +250,48 @@ void emptyHistory(AppState& state) {
     state.navigate(AppState::Screen::history);
 }
 
+void noRules(AppState& state) {
+    selectInbox(state);
+    state.navigate(AppState::Screen::rules);
+}
+
+void rules(AppState& state) {
+    results(state);
+    const auto flip = [&](Category category, std::int64_t toKeep, std::int64_t toJunk) {
+        Calibration::Tally tally{toKeep, toJunk, {"a", "b", "c", "d", "e", "f"}, {}};
+        if (toJunk > toKeep) tally.junkSenders.swap(tally.keepSenders);
+        state.calibration.byCategory.mutate(
+            [&](auto& tallies) { tallies[std::string(rawValue(category))] = tally; });
+    };
+    flip(Category::newsletterOrDigest, 17, 2);
+    flip(Category::accountWelcomeOrInvitation, 1, 12);
+
+    using Verdict = Rule::Verdict;
+    const auto rule = [&](std::string sender, Verdict verdict, Rule::Scope scope,
+                          std::int64_t hits) {
+        Rule made;
+        made.sender = std::move(sender);
+        made.verdict = verdict;
+        made.scope = scope;
+        made.hits = hits;
+        return made;
+    };
+    auto held = rule("oldlist.example", Verdict::junk, Rule::Scope::always, 3);
+    held.category = rawValue(Category::newsletterOrDigest);
+    held.legacy = true;
+    auto orders = rule("quill.example", Verdict::keep, Rule::Scope::session, 2);
+    orders.category = rawValue(Category::receiptOrOrderOrShipping);
+    auto arrivals = rule("quill.example", Verdict::junk, Rule::Scope::session, 4);
+    arrivals.category = rawValue(Category::advertisingOrPromotion);
+    arrivals.templateWords = {"new", "arrivals", "picked"};
+    auto strange = rule("harbour.example", Verdict::keep, Rule::Scope::always, 1);
+    strange.category = "a category of tomorrow";
+    state.rules.all.set({held, rule("quill.example", Verdict::junk, Rule::Scope::always, 12),
+                         rule("ann@letters.example", Verdict::keep, Rule::Scope::always, 1),
+                         strange});
+    state.rules.session.set({orders, arrivals});
+    state.navigate(AppState::Screen::rules);
+}
+
 }  // namespace scenes
 }  // namespace brindlet::testing

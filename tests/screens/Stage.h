@@ -74,6 +74,9 @@ void history(AppState& state);
 /// The same with the first scan moved by hundreds.
 void longHistory(AppState& state);
 void emptyHistory(AppState& state);
+void noRules(AppState& state);
+/// Two flipped categories and rules of every kind, over the mail of `results`.
+void rules(AppState& state);
 }  // namespace scenes
 
 }  // namespace brindlet::testing

@@ -19,6 +19,7 @@ const std::vector<Scene> allScenes{
     {"open results", scenes::openResults},   {"stopped scan", scenes::stoppedScan},
     {"nothing found", scenes::nothingFound}, {"history", scenes::history},
     {"long history", scenes::longHistory},   {"empty history", scenes::emptyHistory},
+    {"no rules", scenes::noRules},           {"rules", scenes::rules},
 };
 
 class EveryScreen : public ::testing::TestWithParam<Scene> {};
@@ -46,7 +47,8 @@ TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
     stage.window()->resize(stage.window()->minimumSize());
     stage.settle();
     const QRectF frame(0, 0, stage.window()->width(), stage.window()->height());
-    const bool scrolls = stage.find("resultsPage") || stage.find("historyPage");
+    const bool scrolls = stage.find("resultsPage") || stage.find("historyPage") ||
+                         stage.find("rulesScreen");
     for (auto* item : stage.tabStops()) {
         const auto place = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
         EXPECT_GE(place.left(), 0) << item->objectName().toStdString();
@@ -71,6 +73,7 @@ TEST(Window, ShowsTheScreenOfTheSession) {
         {AppState::Screen::scanning, "scanningScreen"},
         {AppState::Screen::results, "resultsScreen"},
         {AppState::Screen::history, "historyScreen"},
+        {AppState::Screen::rules, "rulesScreen"},
         {AppState::Screen::welcome, "welcomeScreen"},
     };
     for (const auto& [screen, name] : screens) {

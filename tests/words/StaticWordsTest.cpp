@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include "words/CalibrationWords.h"
 #include "words/CategoryWords.h"
 #include "words/FolderWords.h"
 #include "words/HistoryWords.h"
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
 #include "words/ResultsWords.h"
+#include "words/RuleWords.h"
+#include "words/RulesWords.h"
 #include "words/ScanningWords.h"
 #include "words/WelcomeWords.h"
 
@@ -100,6 +103,44 @@ TEST(StaticWords, History) {
     EXPECT_STREQ(historyLabels::putBack, "Put back");
     EXPECT_STREQ(historyLabels::purgeHelp,
                  "Erase this scan and the verdicts it saved. Cannot be undone.");
+}
+
+TEST(StaticWords, Rules) {
+    EXPECT_EQ(RulesWords().title, "Rules");
+    const RuleFormWords form;
+    EXPECT_EQ(form.forgetAll, "Forget all");
+    EXPECT_EQ(form.forgetAllReally, "Really forget all?");
+    EXPECT_EQ(form.prompt, "sender or domain - news.example");
+    EXPECT_EQ(form.anyKind, "any kind of mail");
+    EXPECT_EQ(form.isJunk, "is junk");
+    EXPECT_EQ(form.isKept, "is kept");
+    EXPECT_EQ(form.add, "Add rule");
+    EXPECT_EQ(form.note,
+              "A rule decides before the model is asked, so it is also the fastest way to sort.");
+    EXPECT_EQ(form.example, "added by hand");
+}
+
+TEST(StaticWords, Rule) {
+    const RuleControls controls;
+    EXPECT_EQ(controls.showHelp, "Show the mail this rule covers");
+    EXPECT_EQ(controls.enable, "Keep it");
+    EXPECT_EQ(controls.enableHelp, "Start applying this rule again");
+    EXPECT_EQ(controls.promote, "Make permanent");
+    EXPECT_EQ(controls.promoteHelp, "Move it to Always, where nothing automatic touches it");
+    EXPECT_EQ(controls.markSymbol, "xmark.circle.fill");
+    EXPECT_EQ(controls.markHelp, "Forget this rule");
+    EXPECT_EQ(controls.unmarkSymbol, "arrow.uturn.backward.circle.fill");
+    EXPECT_EQ(controls.unmarkHelp, "Keep this rule after all");
+    EXPECT_EQ(controls.narrow, "Untick any of these to narrow what this rule should catch.");
+}
+
+TEST(StaticWords, Calibration) {
+    const CalibrationControls controls;
+    EXPECT_EQ(controls.label, "LEARNED BY ITSELF");
+    EXPECT_EQ(controls.note, "from corrections you made - you never wrote these");
+    EXPECT_EQ(controls.stop, "Stop this");
+    EXPECT_EQ(controls.mute, "Go back to letting the model decide this category");
+    EXPECT_EQ(controls.forget, "Forget what it learned about this category");
 }
 
 }  // namespace

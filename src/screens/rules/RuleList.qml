@@ -1,0 +1,37 @@
+import QtQuick
+import Brindlet.Screens
+
+// Rules under their headings, with the mail that they cover. One tab stop; the buttons of the
+// current row come after it. Right and Left open and close, Delete marks a rule to go.
+RowList {
+    id: root
+
+    required property RuleRowsModel rules
+    // Where the rows lie in a list that is wider than they are.
+    property real rowWidth: width
+    readonly property real rowX: Math.round((width - rowWidth) / 2)
+
+    model: rules
+    name: rules.listName
+    activeFocusOnTab: count > 0
+    // Where the arrow keys begin.
+    currentIndex: 0
+
+    onRowChosen: row => root.rules.choose(row)
+    Keys.onRightPressed: root.rules.setOpen(root.currentIndex, true)
+    Keys.onLeftPressed: {
+        const rule = root.rules.ruleRow(root.currentIndex);
+        if (rule === root.currentIndex)
+            root.rules.setOpen(rule, false);
+        else
+            root.currentIndex = rule;
+    }
+    Keys.onDeletePressed: root.rules.toggleMark(root.currentIndex)
+    // What a Mac calls Delete.
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Backspace)
+            root.rules.toggleMark(root.currentIndex);
+    }
+
+    delegate: RuleListRow {}
+}

@@ -1,0 +1,129 @@
+import QtQuick
+import Brindlet.Screens
+
+// One row of a list of rules, whatever it shows. The rows under one heading look like one card, of
+// which each row is a slice.
+Item {
+    id: root
+
+    required property int index
+    required property int kind
+    required property string title
+    required property string detail
+    required property string description
+    required property string pill
+    required property int pillTone
+    required property string pillHelp
+    required property string here
+    required property string hits
+    required property bool canOpen
+    required property bool open
+    required property bool held
+    required property bool ofSession
+    required property bool marked
+    required property string tickSymbol
+    required property string tickHelp
+    required property bool canTick
+    required property bool first
+    required property bool last
+    readonly property RuleList list: ListView.view as RuleList
+    readonly property bool isCurrent: ListView.isCurrentItem
+    readonly property bool isHeading: kind === RuleRowsModel.Heading
+    readonly property bool isRule: kind === RuleRowsModel.RuleItem
+    readonly property bool isMessage: kind === RuleRowsModel.Message
+    readonly property bool hasKeyboard: Theme.keyboardLeads && activeFocus
+
+    width: list ? list.width : 0
+    implicitHeight: content.implicitHeight + (isHeading ? Theme.space5 + Theme.space2 : 0)
+
+    Item {
+        id: slice
+
+        x: root.list ? root.list.rowX : 0
+        width: root.list ? root.list.rowWidth : 0
+        height: parent.height
+        clip: !root.isHeading
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.topMargin: root.first ? 0 : -Theme.cardRadius
+            anchors.bottomMargin: root.last ? 0 : -Theme.cardRadius
+            visible: !root.isHeading
+            radius: Theme.cardRadius
+            color: Theme.card
+            border.width: 1
+            border.color: Theme.line
+        }
+        Rectangle {
+            x: 1
+            width: parent.width - 2
+            height: 1
+            visible: root.isRule && !root.first
+            color: Theme.line
+        }
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 3
+            visible: root.isRule || root.isMessage
+            radius: Theme.rowRadius
+            color: hover.hovered ? Theme.hover : "transparent"
+            border.width: root.hasKeyboard ? 2 : 0
+            border.color: Theme.lavenderInk
+        }
+        Loader {
+            id: content
+
+            width: parent.width
+            y: root.isHeading ? Theme.space5 : 0
+            sourceComponent: root.isHeading ? heading : root.isRule ? rule
+                           : root.isMessage ? message : narrow
+        }
+        HoverHandler {
+            id: hover
+        }
+    }
+    Component {
+        id: heading
+
+        SectionLabel {
+            text: root.title
+            note: root.detail
+            Accessible.ignored: true
+        }
+    }
+    Component {
+        id: rule
+
+        RuleRow {
+            row: root
+        }
+    }
+    Component {
+        id: message
+
+        RuleMessage {
+            row: root
+        }
+    }
+    Component {
+        id: narrow
+
+        Txt {
+            topPadding: Theme.space1
+            bottomPadding: Theme.space4
+            leftPadding: 46
+            text: root.title
+            size: Theme.smallSize
+            color: Theme.ink3
+            Accessible.ignored: true
+        }
+    }
+
+    Accessible.role: isHeading ? Accessible.Heading
+                   : isRule || isMessage ? Accessible.ListItem : Accessible.StaticText
+    Accessible.name: isMessage ? root.title + ", " + root.detail : root.title
+    Accessible.description: root.description
+    Accessible.checkable: root.canTick
+    Accessible.checked: root.tickSymbol === "checkmark.square.fill"
+    Accessible.onPressAction: root.list.rules.choose(root.index)
+}

@@ -4,63 +4,51 @@
 #include <QAbstractListModel>
 #include <cstddef>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
+#include "screens/RowChanges.h"
+
 namespace brindlet::screens {
 
-/// A list whose rows have a name of their own, so that a view keeps its place when others come and
-/// go.
+/// A list whose rows have an `id` each, so that a view keeps its place when others come and go.
 class RowsModel : public QAbstractListModel {
     Q_OBJECT
     QML_ANONYMOUS
 
   protected:
-    /// Takes `fresh` over `rows` and tells what went, came and changed. A row is known by its `id`.
-    /// What both lists have must stand in the same order; otherwise all is told to be new.
+    /// Takes `fresh` over `rows` and tells what went, came and changed.
     template <class Row>
     void adopt(std::vector<Row>& rows, std::vector<Row> fresh) {
-        std::unordered_set<std::string_view> staying;
-        for (const auto& row : fresh) staying.insert(row.id);
-        if (!keepsOrder(rows, fresh, staying)) {
-            beginResetModel();
-            rows = std::move(fresh);
-            endResetModel();
-            return;
-        }
-        for (std::size_t i = rows.size(); i-- > 0;) {
-            if (staying.contains(rows[i].id)) continue;
-            beginRemoveRows({}, static_cast<int>(i), static_cast<int>(i));
-            rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(i));
+        const auto [removals, insertions] = steps(idsOf(rows), idsOf(fresh));
+        for (const auto& run : removals) {
+            beginRemoveRows({}, firstOf(run), lastOf(run));
+            rows.erase(rows.begin() + firstOf(run), rows.begin() + lastOf(run) + 1);
             endRemoveRows();
         }
-        for (std::size_t i = 0; i < fresh.size(); ++i) {
-            const int at = static_cast<int>(i);
-            if (i == rows.size() || rows[i].id != fresh[i].id) {
-                beginInsertRows({}, at, at);
-                rows.insert(rows.begin() + at, std::move(fresh[i]));
-                endInsertRows();
-            } else if (!(rows[i] == fresh[i])) {
-                rows[i] = std::move(fresh[i]);
-                Q_EMIT dataChanged(index(at), index(at));
-            }
+        for (const auto& run : insertions) {
+            beginInsertRows({}, firstOf(run), lastOf(run));
+            rows.insert(rows.begin() + firstOf(run), fresh.begin() + firstOf(run),
+                        fresh.begin() + lastOf(run) + 1);
+            endInsertRows();
         }
+        for (const int row : adoptChanged(rows, std::move(fresh)))
+            Q_EMIT dataChanged(index(row), index(row));
     }
 
   private:
+    using Ids = std::vector<std::string_view>;
+    static RowSteps steps(const Ids& before, const Ids& after);
+
     template <class Row>
-    static bool keepsOrder(const std::vector<Row>& rows, const std::vector<Row>& fresh,
-                           const std::unordered_set<std::string_view>& staying) {
-        auto next = fresh.begin();
-        for (const auto& row : rows) {
-            if (!staying.contains(row.id)) continue;
-            while (next != fresh.end() && next->id != row.id) ++next;
-            if (next == fresh.end()) return false;
-            ++next;
-        }
-        return true;
+    static Ids idsOf(const std::vector<Row>& rows) {
+        Ids ids;
+        ids.reserve(rows.size());
+        for (const auto& row : rows) ids.push_back(row.id);
+        return ids;
     }
+    static int firstOf(const RowRun& run) { return static_cast<int>(run.first); }
+    static int lastOf(const RowRun& run) { return static_cast<int>(run.first + run.count) - 1; }
 };
 
 }  // namespace brindlet::screens

@@ -53,6 +53,11 @@ HistoryWords historyWords(const AppState& state) {
     return words;
 }
 
+std::vector<RuleSection> taughtRules(const AppState& state) {
+    if (state.rules.all->empty()) return {};
+    return {{"", "", *state.rules.all}};
+}
+
 ScanWords scanWords(const ScanRecord& record, bool open, const Locale& locale) {
     ScanWords words;
     words.date = locale.dateTime(record.started);

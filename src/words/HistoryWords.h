@@ -2,9 +2,11 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/Date.h"
 #include "stores/ScanRecord.h"
+#include "words/RuleWords.h"
 
 namespace brindlet {
 
@@ -36,6 +38,9 @@ struct HistoryWords {
 
 /// Main thread.
 HistoryWords historyWords(const AppState& state);
+
+/// The rules that last. Their heading stands outside of the list, so the one section has none.
+std::vector<RuleSection> taughtRules(const AppState& state);
 
 /// One past scan. The texts below `chevron` show only while it is open.
 struct ScanWords {

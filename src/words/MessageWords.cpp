@@ -1,26 +1,24 @@
 #include "words/MessageWords.h"
 
-#include "base/Text.h"
 #include "session/AppState.h"
+#include "words/Subject.h"
 #include "words/TickBox.h"
 
 namespace brindlet {
 namespace {
 
 Mark noteOn(bool ticked) {
-    return ticked
-               ? Mark{"Will be moved", Tone::orange,
-                      "Will be moved - and Brindlet will remember this sender"}
-               : Mark{"Will stay put", Tone::green,
-                      "Will stay put - Brindlet will remember this sender"};
+    return ticked ? Mark{"Will be moved", Tone::orange,
+                         "Will be moved - and Brindlet will remember this sender"}
+                  : Mark{"Will stay put", Tone::green,
+                         "Will stay put - Brindlet will remember this sender"};
 }
 
 }  // namespace
 
 MessageWords messageWords(const AppState& state, const Verdict& verdict) {
     MessageWords words;
-    words.subject =
-        trimBlanksAndNewlines(verdict.subject).empty() ? "(no subject)" : verdict.subject;
+    words.subject = shownSubject(verdict.subject);
     words.sender = verdict.sender;
     words.canTick = verdict.messageID.has_value();
     const bool ticked = words.canTick && state.approved->contains(verdict.id);

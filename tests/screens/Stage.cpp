@@ -293,5 +293,10 @@ void rules(AppState& state) {
     state.navigate(AppState::Screen::rules);
 }
 
+void taughtHistory(AppState& state) {
+    rules(state);
+    history(state);
+}
+
 }  // namespace scenes
 }  // namespace brindlet::testing

@@ -73,6 +73,8 @@ void nothingFound(AppState& state);
 void history(AppState& state);
 /// The same with the first scan moved by hundreds.
 void longHistory(AppState& state);
+/// The same as the first with the rules of `rules`, of which four last.
+void taughtHistory(AppState& state);
 void emptyHistory(AppState& state);
 void noRules(AppState& state);
 /// Two flipped categories and rules of every kind, over the mail of `results`.

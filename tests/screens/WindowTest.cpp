@@ -47,8 +47,8 @@ TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
     stage.window()->resize(stage.window()->minimumSize());
     stage.settle();
     const QRectF frame(0, 0, stage.window()->width(), stage.window()->height());
-    const bool scrolls = stage.find("resultsPage") || stage.find("historyPage") ||
-                         stage.find("rulesScreen");
+    const bool scrolls =
+        stage.find("resultsPage") || stage.find("historyPage") || stage.find("rulesScreen");
     for (auto* item : stage.tabStops()) {
         const auto place = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
         EXPECT_GE(place.left(), 0) << item->objectName().toStdString();

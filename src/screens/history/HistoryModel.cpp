@@ -9,9 +9,10 @@
 namespace brindlet::screens {
 
 HistoryModel::HistoryModel(AppState& state)
-    : state_(state), scans_(state, *this), bin_(state, *this) {}
+    : state_(state), rules_(state, taughtRules), scans_(state, *this), bin_(state, *this) {}
 
 void HistoryModel::refresh() {
+    rules_.refresh();
     scans_.refresh();
     bin_.refresh();
     // What is deleted after the bin was emptied is not what the question was about.
@@ -23,6 +24,7 @@ void HistoryModel::refresh() {
 }
 
 void HistoryModel::leave() {
+    rules_.leave();
     scans_.closeAll();
     bin_.fallBack();
     setEmptyStep(Step::first);
@@ -46,6 +48,10 @@ QString HistoryModel::count() const {
 
 QString HistoryModel::nothing() const {
     return qtText(words_.nothing);
+}
+
+QString HistoryModel::rulesTitle() const {
+    return qtText(words_.rulesTitle);
 }
 
 QString HistoryModel::scansName() const {

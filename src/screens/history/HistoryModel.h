@@ -5,6 +5,7 @@
 
 #include "screens/history/BinModel.h"
 #include "screens/history/ScansModel.h"
+#include "screens/rules/RuleRowsModel.h"
 #include "words/HistoryWords.h"
 
 namespace brindlet {
@@ -13,8 +14,9 @@ class AppState;
 
 namespace brindlet::screens {
 
-/// What was done: the past scans and the bin. What only the view knows, the open rows and the first
-/// of two steps, ends when the view is left. Main thread; the session outlives it.
+/// What was done: the rules that were taught, the past scans and the bin. What only the view knows,
+/// the open rows, the rules marked to go and the first of two steps, ends when the view is left.
+/// Main thread; the session outlives it.
 class HistoryModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -23,6 +25,7 @@ class HistoryModel : public QObject {
     Q_PROPERTY(QString title READ title CONSTANT)
     Q_PROPERTY(QString count READ count NOTIFY wordsChanged)
     Q_PROPERTY(QString nothing READ nothing NOTIFY wordsChanged)
+    Q_PROPERTY(QString rulesTitle READ rulesTitle CONSTANT)
     Q_PROPERTY(QString scansName READ scansName CONSTANT)
     Q_PROPERTY(QString movedName READ movedName CONSTANT)
     Q_PROPERTY(QString putOnScreenLabel READ putOnScreenLabel CONSTANT)
@@ -38,6 +41,7 @@ class HistoryModel : public QObject {
     Q_PROPERTY(bool emptyAsked READ emptyAsked NOTIFY emptyAskedChanged)
     Q_PROPERTY(QString putBackLabel READ putBackLabel CONSTANT)
     Q_PROPERTY(QString purgeHelp READ purgeHelp CONSTANT)
+    Q_PROPERTY(brindlet::screens::RuleRowsModel* rules READ rules CONSTANT)
     Q_PROPERTY(brindlet::screens::ScansModel* scans READ scans CONSTANT)
     Q_PROPERTY(brindlet::screens::BinModel* bin READ bin CONSTANT)
 
@@ -45,13 +49,14 @@ class HistoryModel : public QObject {
     explicit HistoryModel(AppState& state);
 
     void refresh();
-    /// The view is left.
+    /// The view is left: the marked rules are forgotten.
     void leave();
 
     QString backName() const;
     QString title() const;
     QString count() const;
     QString nothing() const;
+    QString rulesTitle() const;
     QString scansName() const;
     QString movedName() const;
     QString putOnScreenLabel() const;
@@ -66,6 +71,7 @@ class HistoryModel : public QObject {
     bool emptyAsked() const { return emptyStep_ == Step::second; }
     QString putBackLabel() const;
     QString purgeHelp() const;
+    RuleRowsModel* rules() { return &rules_; }
     ScansModel* scans() { return &scans_; }
     BinModel* bin() { return &bin_; }
 
@@ -90,6 +96,7 @@ class HistoryModel : public QObject {
     AppState& state_;
     HistoryWords words_;
     Step emptyStep_ = Step::first;
+    RuleRowsModel rules_;
     ScansModel scans_;
     BinModel bin_;
 };

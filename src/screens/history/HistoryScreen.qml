@@ -47,6 +47,11 @@ FocusScope {
             visible: root.model.nothing !== ""
             text: root.model.nothing
         }
+        TaughtRules {
+            Layout.fillWidth: true
+            Layout.bottomMargin: Theme.space3
+            model: root.model
+        }
         Card {
             Layout.fillWidth: true
             visible: scans.count > 0

@@ -54,6 +54,7 @@ ColumnLayout {
         }
     }
     SectionLabel {
+        Layout.fillWidth: true
         visible: root.movedTitle !== ""
         text: root.movedTitle
     }

@@ -18,6 +18,7 @@ RowList {
     currentIndex: 0
 
     onRowChosen: row => root.rules.choose(row)
+    onRowTapped: row => root.rules.choose(row)
     Keys.onRightPressed: root.rules.setOpen(root.currentIndex, true)
     Keys.onLeftPressed: {
         const rule = root.rules.ruleRow(root.currentIndex);

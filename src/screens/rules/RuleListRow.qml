@@ -31,6 +31,7 @@ Item {
     readonly property bool isHeading: kind === RuleRowsModel.Heading
     readonly property bool isRule: kind === RuleRowsModel.RuleItem
     readonly property bool isMessage: kind === RuleRowsModel.Message
+    readonly property bool isHovered: hover.hovered
     readonly property bool hasKeyboard: Theme.keyboardLeads && activeFocus
 
     width: list ? list.width : 0
@@ -120,10 +121,13 @@ Item {
     }
 
     Accessible.role: isHeading ? Accessible.Heading
-                   : isRule || isMessage ? Accessible.ListItem : Accessible.StaticText
+                   : isMessage ? Accessible.CheckBox
+                   : isRule ? Accessible.ListItem : Accessible.StaticText
     Accessible.name: isMessage ? root.title + ", " + root.detail : root.title
     Accessible.description: root.description
+    Accessible.focusable: true
     Accessible.checkable: root.canTick
     Accessible.checked: root.tickSymbol === "checkmark.square.fill"
     Accessible.onPressAction: root.list.rules.choose(root.index)
+    Accessible.onToggleAction: root.list.rules.choose(root.index)
 }

@@ -10,14 +10,22 @@ Item {
 
     implicitHeight: Theme.rowHeight
 
-    Symbol {
+    TickSymbol {
         id: tick
 
         anchors.verticalCenter: parent.verticalCenter
         x: 46
-        size: 20
         symbol: root.row.tickSymbol
-        color: root.ticked ? Theme.lavenderInk : Theme.ink3
+        hovered: root.row.isHovered
+
+        HoverHandler {
+            id: hover
+        }
+        HelpSpot {
+            control: tick
+            text: root.row.tickHelp
+            wanted: hover.hovered || root.row.hasKeyboard
+        }
     }
     Column {
         anchors.verticalCenter: parent.verticalCenter
@@ -34,6 +42,7 @@ Item {
             weight: Font.Medium
             color: root.ticked ? Theme.ink : Theme.ink2
             horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
             elide: Text.ElideRight
             Accessible.ignored: true
         }
@@ -43,6 +52,7 @@ Item {
             size: 11
             color: Theme.ink3
             horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
             elide: Text.ElideRight
             Accessible.ignored: true
         }

@@ -48,6 +48,12 @@ Item {
             }
         }
 
+        HelpSpot {
+            control: chevron
+            text: root.controls.showHelp
+            wanted: chevron.hovered
+        }
+
         Accessible.name: root.controls.showHelp
         Accessible.onPressAction: chevron.clicked()
     }
@@ -71,6 +77,7 @@ Item {
                 weight: Font.DemiBold
                 font.strikeout: root.row.marked
                 horizontalAlignment: Text.AlignLeft
+                maximumLineCount: 1
                 elide: Text.ElideMiddle
                 Accessible.ignored: true
             }
@@ -108,6 +115,7 @@ Item {
             size: Theme.smallSize
             color: root.row.marked || root.row.held ? Theme.orangeInk : Theme.ink3
             horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
             elide: Text.ElideRight
             Accessible.ignored: true
         }

@@ -7,7 +7,7 @@
 #include "screens/RowChanges.h"
 #include "screens/look/Tone.h"
 #include "session/AppState.h"
-#include "words/CategoryWords.h"
+#include "words/MessageWords.h"
 #include "words/SpokenWords.h"
 
 namespace brindlet::screens {

@@ -36,6 +36,12 @@ T.Button {
         }
     }
 
+    HelpSpot {
+        control: root
+        text: root.help
+        wanted: root.hovered || (root.activeFocus && Theme.keyboardLeads)
+    }
+
     Accessible.name: root.text
     Accessible.description: root.help
     Accessible.onPressAction: root.clicked()

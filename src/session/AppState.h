@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -20,9 +22,12 @@
 #include "mail/Reach.h"
 #include "platform/Power.h"
 #include "platform/Services.h"
+#include "platform/UserDefaults.h"
+#include "session/FamilyTemplates.h"
 #include "session/Review.h"
 #include "session/VerdictIndex.h"
 #include "session/VerdictList.h"
+#include "session/VerdictSplit.h"
 #include "stores/Calibration.h"
 #include "stores/Destinations.h"
 #include "stores/History.h"
@@ -31,6 +36,8 @@
 #include "stores/Seen.h"
 
 namespace brindlet {
+
+struct KinAnswers;
 
 /// The one session object. Screens read its fields and call its operations; it owns the stores and
 /// starts all work that takes time. Main thread only; background work gets copies and comes back
@@ -89,9 +96,8 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// Seconds left.
     Published<std::optional<double>> eta{*this};
     Published<VerdictList> verdicts{*this};
-    /// Subject templates by sender key and row id, as far as they were asked for; emptied whenever
-    /// `verdicts` changes.
-    std::unordered_map<std::string, std::unordered_map<std::int64_t, Classifier::Words>> families;
+    /// By sender key, as far as they were asked for; emptied whenever `verdicts` changes.
+    std::unordered_map<std::string, FamilyTemplates> families;
     Published<bool> running{*this};
     /// The category open in the results.
     Published<std::optional<Category>> expand{*this};
@@ -161,6 +167,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     void startScan(std::optional<MailAccount> account, std::optional<MailFolder> folder);
     void stopScan();
     std::optional<std::string> etaText() const;
+    /// Saves the ticks in a moment, once for a burst of changes.
     void persistSoon();
 
     /// Ticks or unticks one message, learns from it and offers the same for its like. It does not
@@ -195,8 +202,10 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// Nothing to show and nothing to do.
     bool resultsEmpty() const;
 
-    /// The running search for messages like the one corrected, if one was ever started.
+    /// The latest search for messages like the one corrected, if one was ever started.
     const std::optional<Task>& kindTask() const { return kindTask_; }
+    /// The latest save put off, if there ever was one.
+    const std::optional<Task>& persistTask() const { return persistTask_; }
     /// `done` over `total`; 0 before there is anything to do.
     double progress() const;
     bool isJunkFolder() const;
@@ -224,6 +233,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// What a scan has found, prepared on its own thread so that the main one has only to take it.
     struct Findings {
         VerdictList verdicts;
+        std::shared_ptr<const VerdictIndex> index;
         Ids ticked;
         /// Message-ID and whether it is junk, of those that have one.
         std::vector<std::pair<std::string, bool>> decided;
@@ -238,6 +248,20 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// What a scan leaves behind, whether it is still the one on show or not.
     ScanRecord recordScan(const Findings& findings);
 
+    const VerdictSplit& split() const;
+    std::function<void()> stamping() const;
+    void persistNow();
+    void sweep(std::string what, std::vector<std::int64_t> ids, bool tick,
+               std::optional<Rule> learnedRule);
+    std::string sweepWords(bool tick, std::size_t count) const;
+    void markTouched(std::int64_t id);
+    void storeReview(std::string_view what, const UserDefaults::Strings& strings);
+    void restoreReviewState();
+    const FamilyTemplates& familyOf(const std::string& key);
+    void findKin(std::uint32_t position);
+    void completeOffer(std::int64_t source, const KinAnswers& answers);
+    void selectRecordAccount(const std::string& label);
+
     Services services_;
     int readers_;
     std::shared_ptr<const MailStore> mail_;
@@ -249,6 +273,11 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::optional<Task> kindTask_;
     std::optional<Task> persistTask_;
     std::unique_ptr<Power::Activity> sleepAssertion_;
+    /// What was worked out last, and of which revisions.
+    mutable std::shared_ptr<const VerdictIndex> index_ = std::make_shared<const VerdictIndex>();
+    mutable std::uint64_t indexed_ = 0;
+    mutable VerdictSplit split_;
+    mutable std::pair<std::uint64_t, std::uint64_t> splitOf_;
     /// Writes of scan files, in order: a stamp must find the file that it stamps.
     SerialQueue scanFiles_{TaskPriority::utility};
 };

@@ -7,6 +7,7 @@
 
 #include "base/IdSet.h"
 #include "classify/Category.h"
+#include "classify/Classifier.h"
 #include "stores/Rule.h"
 
 namespace brindlet {
@@ -23,7 +24,7 @@ struct PendingRule {
     /// The corrected message, by row id.
     std::int64_t sourceID = 0;
     /// The corrected message's subject template; may be empty.
-    std::vector<std::string> templateWords;
+    Classifier::Words templateWords;
     /// Others of its sender and category with the same template.
     std::vector<std::int64_t> members;
     /// All others of its sender and category that are still in the state it left.

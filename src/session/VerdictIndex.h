@@ -38,6 +38,7 @@ class VerdictIndex {
         std::string key;
         std::vector<std::uint32_t> members;
     };
+    std::uint32_t groupNamed(std::string key);
     std::unordered_map<std::int64_t, std::uint32_t> positions_;
     IdSet ids_;
     std::vector<std::uint32_t> groupOf_;

@@ -178,6 +178,10 @@ QString MessagesModel::filterPrompt() const {
     return qtText(words_.filterPrompt);
 }
 
+QString MessagesModel::clearLabel() const {
+    return qtText(spoken::clear);
+}
+
 QString MessagesModel::matchLine() const {
     return qtText(matchLine_);
 }

@@ -37,6 +37,7 @@ class MessagesModel : public QAbstractListModel {
     Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged)
     Q_PROPERTY(QString filterSymbol READ filterSymbol CONSTANT)
     Q_PROPERTY(QString filterPrompt READ filterPrompt CONSTANT)
+    Q_PROPERTY(QString clearLabel READ clearLabel CONSTANT)
     /// Empty without a filter.
     Q_PROPERTY(QString matchLine READ matchLine NOTIFY linesChanged)
     Q_PROPERTY(QString tickAllLabel READ tickAllLabel CONSTANT)
@@ -82,6 +83,7 @@ class MessagesModel : public QAbstractListModel {
     void setFilter(const QString& text);
     QString filterSymbol() const;
     QString filterPrompt() const;
+    QString clearLabel() const;
     QString matchLine() const;
     QString tickAllLabel() const;
     QString untickAllLabel() const;
@@ -98,6 +100,8 @@ class MessagesModel : public QAbstractListModel {
     /// For senders; opening one closes the other.
     Q_INVOKABLE void setExpanded(int row, bool expanded);
     Q_INVOKABLE void toggleExpanded(int row);
+    /// A sender's own row, or that of the sender whom a message stands below; -1 for all others.
+    Q_INVOKABLE int senderRow(int row) const;
     Q_INVOKABLE void openInMail(int row);
     /// What the filter leaves.
     Q_INVOKABLE void tickAll();

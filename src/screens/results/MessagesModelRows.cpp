@@ -91,6 +91,13 @@ void MessagesModel::toggleExpanded(int row) {
         setExpanded(row, rows_.openSender() != at->at);
 }
 
+int MessagesModel::senderRow(int row) const {
+    const auto at = present(row);
+    if (!at) return -1;
+    if (at->kind == MessageRows::Kind::sender) return row;
+    return at->indented ? static_cast<int>(rows_.rowOfSender(*rows_.openSender())) : -1;
+}
+
 void MessagesModel::openInMail(int row) {
     const auto at = present(row);
     if (!at || at->kind != MessageRows::Kind::message) return;

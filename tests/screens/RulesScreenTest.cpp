@@ -45,7 +45,8 @@ struct RulesScreen : Stage {
         for (int i = 0; i < row; ++i) press(Qt::Key_Down);
     }
     void type(const QString& text) const {
-        for (const auto letter : text) QTest::sendKeyEvent(QTest::Click, window(), Qt::Key_unknown, letter, {});
+        for (const auto letter : text)
+            QTest::sendKeyEvent(QTest::Click, window(), Qt::Key_unknown, letter, {});
         settle();
     }
     int current() const { return find(QStringLiteral("rules"))->property("currentIndex").toInt(); }

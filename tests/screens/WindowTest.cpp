@@ -12,12 +12,19 @@ namespace {
 
 using Scene = std::pair<const char*, void (*)(AppState&)>;
 const std::vector<Scene> allScenes{
-    {"welcome", [](AppState&) {}},           {"permission", scenes::permission},
-    {"mailboxes", scenes::mailboxes},        {"chosen mailbox", scenes::chosenMailbox},
-    {"no accounts", scenes::noAccounts},     {"scanning", scenes::scanning},
-    {"paused scan", scenes::pausedScan},     {"results", scenes::results},
-    {"open results", scenes::openResults},   {"stopped scan", scenes::stoppedScan},
-    {"nothing found", scenes::nothingFound}, {"no rules", scenes::noRules},
+    {"welcome", [](AppState&) {}},
+    {"permission", scenes::permission},
+    {"mailboxes", scenes::mailboxes},
+    {"chosen mailbox", scenes::chosenMailbox},
+    {"no accounts", scenes::noAccounts},
+    {"scanning", scenes::scanning},
+    {"paused scan", scenes::pausedScan},
+    {"results", scenes::results},
+    {"open results", scenes::openResults},
+    {"stopped scan", scenes::stoppedScan},
+    {"corrected results", scenes::correctedResults},
+    {"nothing found", scenes::nothingFound},
+    {"no rules", scenes::noRules},
     {"rules", scenes::rules},
 };
 

@@ -38,4 +38,20 @@ HeroScreen {
         focus: true
         onClicked: root.model.start()
     }
+    Row {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: Theme.space6
+        spacing: Theme.space2
+
+        Repeater {
+            model: root.model.links
+
+            HomeLink {
+                required property int index
+
+                objectName: "link" + index
+                onClicked: root.model.follow(index)
+            }
+        }
+    }
 }

@@ -40,7 +40,7 @@ TEST(MessageFilter, FindsSendersAndSubjectsWhateverTheirCase) {
 
 TEST(MessageFilter, GrowsAndShrinksLetterByLetter) {
     Review review(mixed());
-    const std::pair<const char*, int> rows[] = {{"l", 5}, {"lo", 4}, {"loo", 3},  {"oo", 3},
+    const std::pair<const char*, int> rows[] = {{"l", 5}, {"lo", 5}, {"loo", 3},  {"oo", 3},
                                                 {"o", 5}, {"or", 1}, {"loom", 3}, {"", 5}};
     for (const auto& [filter, count] : rows) {
         review.messages.setFilter(filter);

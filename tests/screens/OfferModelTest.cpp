@@ -65,7 +65,7 @@ TEST(OfferModel, ACorrectionIsOfferedForItsLike) {
     EXPECT_EQ(review.offer.symbol(), "wand.and.stars");
     EXPECT_EQ(review.offer.question(), "Do the same for 2 more like this?");
     EXPECT_EQ(review.offer.explanation(),
-              "“Last chance” - their other Ads & promotions is untouched");
+              "“last chance” - their other Ads & promotions is untouched");
     EXPECT_EQ(review.labels(), QStringList({"These 2", "Every Ads & promotions from this sender",
                                             "Always", "Not this time"}));
     EXPECT_EQ(review.offer.buttons()->index(2).data(OfferButtonsModel::HelpRole),

@@ -173,13 +173,13 @@ double ticking(testing::Stage& stage) {
 /// The dearest of the keys of a few words, typed and deleted again, with the view at work.
 double filtering(testing::Stage& stage) {
     auto* list = stage.await(QStringLiteral("messages"));
-    auto& messages = *stage.model().results()->messages();
+    auto& rows = *stage.model().results()->messages();
     const auto text = QStringLiteral("arrivals picked for you, number 49");
     double worst = 0;
     const auto type = [&](qsizetype length) {
         QElapsedTimer timer;
         timer.start();
-        messages.setFilter(text.left(length));
+        rows.setFilter(text.left(length));
         QMetaObject::invokeMethod(list, "forceLayout");
         worst = std::max(worst, milliseconds(timer));
         stage.settle();

@@ -41,8 +41,7 @@ TEST(ReviewByReader, AMessageIsACheckBoxThatCanBePressedAndToggled) {
     press(row);
     stage.settle();
     EXPECT_FALSE(row->state().checked);
-    EXPECT_EQ(described(row),
-              QStringLiteral("Will stay put - Brindlet will remember this sender"));
+    EXPECT_EQ(described(row), QStringLiteral("Will stay put - Brindlet will remember this sender"));
     act(row, QAccessibleActionInterface::toggleAction());
     stage.settle();
     EXPECT_TRUE(row->state().checked);
@@ -119,8 +118,7 @@ TEST(ReviewByReader, GroupingIsAButtonThatStaysPressed) {
     EXPECT_EQ(button->role(), QAccessible::Button);
     EXPECT_TRUE(button->state().checkable);
     EXPECT_FALSE(button->state().checked);
-    EXPECT_EQ(described(button),
-              QStringLiteral("One row per sender instead of one per message"));
+    EXPECT_EQ(described(button), QStringLiteral("One row per sender instead of one per message"));
     press(button);
     stage.settle();
     EXPECT_TRUE(button->state().checked);
@@ -136,15 +134,13 @@ TEST(ReviewByReader, TheOfferIsAnAlertWhoseButtonsTellWhatTheyDo) {
     auto* these = named(offer, QStringLiteral("These 4"));
     ASSERT_NE(these, nullptr);
     EXPECT_TRUE(these->state().focusable);
-    EXPECT_EQ(described(these),
-              QStringLiteral("Change only the messages shaped like this one"));
+    EXPECT_EQ(described(these), QStringLiteral("Change only the messages shaped like this one"));
     press(these);
     stage.settle();
     EXPECT_FALSE(stage.state->approved->contains(42));
 
     auto* undo = reader.find("Undo");
-    EXPECT_EQ(described(undo),
-              QStringLiteral("Put those 4 messages back exactly as they were"));
+    EXPECT_EQ(described(undo), QStringLiteral("Put those 4 messages back exactly as they were"));
     press(undo);
     stage.settle();
     EXPECT_TRUE(stage.state->approved->contains(42));

@@ -204,9 +204,8 @@ TEST(ReviewByMouse, ABoxWithoutATickSaysWhy) {
 }
 
 TEST(ReviewByMouse, RulesAndHistoryAreOneClickAway) {
-    for (const auto& [name, screen] :
-         {std::pair("rules", AppState::Screen::rules),
-          std::pair("history", AppState::Screen::history)}) {
+    for (const auto& [name, screen] : {std::pair("rules", AppState::Screen::rules),
+                                       std::pair("history", AppState::Screen::history)}) {
         Stage stage(scenes::results);
         EXPECT_TRUE(stage.click(name));
         EXPECT_EQ(*stage.state->screen, screen);

@@ -12,11 +12,16 @@ namespace {
 
 using Scene = std::pair<const char*, void (*)(AppState&)>;
 const std::vector<Scene> allScenes{
-    {"welcome", [](AppState&) {}},           {"permission", scenes::permission},
-    {"mailboxes", scenes::mailboxes},        {"chosen mailbox", scenes::chosenMailbox},
-    {"no accounts", scenes::noAccounts},     {"scanning", scenes::scanning},
-    {"paused scan", scenes::pausedScan},     {"results", scenes::results},
-    {"open results", scenes::openResults},   {"stopped scan", scenes::stoppedScan},
+    {"welcome", [](AppState&) {}},
+    {"permission", scenes::permission},
+    {"mailboxes", scenes::mailboxes},
+    {"chosen mailbox", scenes::chosenMailbox},
+    {"no accounts", scenes::noAccounts},
+    {"scanning", scenes::scanning},
+    {"paused scan", scenes::pausedScan},
+    {"results", scenes::results},
+    {"open results", scenes::openResults},
+    {"stopped scan", scenes::stoppedScan},
     {"corrected results", scenes::correctedResults},
     {"nothing found", scenes::nothingFound},
 };

@@ -1,8 +1,10 @@
 #include "Subjects.h"
 
+#include <algorithm>
 #include <array>
 #include <random>
 #include <string_view>
+#include <utility>
 
 namespace brindlet::bench {
 namespace {
@@ -90,6 +92,22 @@ std::vector<Letter> makeLetters(std::size_t count, std::size_t senders, std::uin
         const auto id = std::to_string(sender);
         letters.push_back({"House " + id + " <News@mail" + id + ".shop.example>",
                            writer.subject(sentences[sentence])});
+    }
+    return letters;
+}
+
+std::vector<Letter> makeLongLetters(std::size_t count, std::uint32_t seed) {
+    constexpr int wordsEach = 17;
+    Writer writer(seed);
+    std::vector<Letter> letters;
+    letters.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        std::string text;
+        while (std::count(text.begin(), text.end(), ' ') < wordsEach)
+            text += writer.subject(sentences[writer.below(sentences.size())]) + ' ';
+        std::size_t end = 0;
+        for (int words = 0; words < wordsEach; ++words) end = text.find(' ', end + 1);
+        letters.push_back({"news@mail.shop.example", text.substr(0, end)});
     }
     return letters;
 }

@@ -16,4 +16,7 @@ struct Letter {
 /// them; senders come mixed, and one subject in ten is not ASCII. The same for the same arguments.
 std::vector<Letter> makeLetters(std::size_t count, std::size_t senders, std::uint32_t seed);
 
+/// One sender's letters with subjects of 17 words, which run on from one such sentence to another.
+std::vector<Letter> makeLongLetters(std::size_t count, std::uint32_t seed);
+
 }  // namespace brindlet::bench

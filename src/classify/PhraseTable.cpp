@@ -1,109 +1,85 @@
 #include "classify/PhraseTable.h"
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace brindlet {
-namespace {
 
-/// Numbers pairs of numbers from 0 in the order in which they are first seen.
-class PairNumbers {
-  public:
-    explicit PairNumbers(std::size_t atMost) {
-        std::size_t slots = 16;
-        while (slots < 2 * atMost) slots *= 2;
-        slots_.resize(slots);
-    }
-
-    std::uint32_t number(std::uint32_t left, std::uint32_t right) {
-        const auto pair = std::uint64_t{left} << 32 | right;
-        const auto hash = pair * 0x9E3779B97F4A7C15u;
-        const auto mask = slots_.size() - 1;
-        auto i = (hash ^ hash >> 32) & mask;
-        while (slots_[i].number != PhraseTable::none && slots_[i].pair != pair) i = (i + 1) & mask;
-        if (slots_[i].number == PhraseTable::none) slots_[i] = {pair, size_++};
-        return slots_[i].number;
-    }
-    std::uint32_t size() const { return size_; }
-
-  private:
-    struct Slot {
-        std::uint64_t pair = 0;
-        std::uint32_t number = PhraseTable::none;
-    };
-    std::vector<Slot> slots_;
-    std::uint32_t size_ = 0;
-};
-
-constexpr std::uint32_t fewest = 3;
-
-}  // namespace
-
-PhraseTable::PhraseTable(std::vector<std::uint32_t> words, std::vector<std::uint32_t> ends)
-    : words_(std::move(words)), ends_(std::move(ends)), starts_(words_.size() + 1, false) {
+PhraseTable::PhraseTable(std::vector<std::uint32_t> words, const std::vector<std::uint32_t>& ends)
+    : words_(std::move(words)), starts_(words_.size() + 1, false) {
     starts_[0] = true;
-    for (const auto end : ends_) starts_[end] = true;
-    for (std::size_t length = 2; length <= longest; ++length) {
-        const auto before = phrases_.size();
-        addLength(length);
-        if (phrases_.size() == before) break;
-    }
+    for (const auto end : ends) starts_[end] = true;
+    // Single words are what the empty phrase, which stands everywhere, is lengthened to.
+    present_.occurrences.resize(words_.size());
+    std::iota(present_.occurrences.begin(), present_.occurrences.end(), 0u);
+    present_.firsts = {0, static_cast<std::uint32_t>(words_.size())};
+    lengthen();
 }
 
-void PhraseTable::addLength(std::size_t length) {
-    const auto& shorter = length == 2 ? words_ : at_.back();
-    std::vector<std::uint32_t> candidateAt(words_.size(), none);
-    PairNumbers candidates(words_.size());
-    std::vector<std::uint32_t> counts;
-    for (std::size_t i = 0; i + length <= words_.size(); ++i) {
-        // Two words make a phrase unless a subject starts between them; longer phrases inherit
-        // this.
-        if (length == 2 ? starts_[i + 1] : shorter[i] == none || shorter[i + 1] == none) continue;
-        const auto candidate = candidates.number(shorter[i], shorter[i + 1]);
-        if (candidate == counts.size()) counts.push_back(0);
-        ++counts[candidate];
-        candidateAt[i] = candidate;
-    }
+bool PhraseTable::lengthen() {
+    if (length_ == longest) return false;
+    longer_.begin = size();
+    longer_.at.assign(words_.size(), none);
+    entries_.assign(length_ > 0 || words_.empty() ? size() - begin() : std::ranges::max(words_) + 1,
+                    0);
+    for (std::size_t i = 0; i + 1 < present_.firsts.size(); ++i)
+        extend(std::span(present_.occurrences)
+                   .subspan(present_.firsts[i], present_.firsts[i + 1] - present_.firsts[i]));
+    longer_.firsts.push_back(static_cast<std::uint32_t>(longer_.occurrences.size()));
+    present_ = std::exchange(longer_, {});
+    ++length_;
+    return size() > begin();
+}
 
-    std::vector<std::uint32_t> phraseOf(counts.size(), none);
-    auto end = static_cast<std::uint32_t>(occurrences_.size());
-    for (std::size_t candidate = 0; candidate < counts.size(); ++candidate) {
-        if (counts[candidate] < fewest) continue;
-        phraseOf[candidate] = static_cast<std::uint32_t>(phrases_.size());
+/// Gathers the frequent phrases that begin with the one that stands at these places.
+void PhraseTable::extend(std::span<const std::uint32_t> places) {
+    // What makes the phrase at a position a word longer, numbered from 0: the phrase of the same
+    // length that begins one word later. None when the subject ends before, or that one is rare.
+    const auto follower = [&, length = length_, begin = begin()](std::uint32_t position) {
+        if (length == 0) return words_[position];
+        const auto next = starts_[position + length] ? none : present_.at[position + 1];
+        return next == none ? none : next - begin;
+    };
+    for (const auto position : places) {
+        const auto next = follower(position);
+        if (next != none && entries_[next]++ == 0) followers_.push_back(next);
+    }
+    const auto rare = std::partition(followers_.begin(), followers_.end(),
+                                     [&](std::uint32_t next) { return entries_[next] >= fewest; });
+    std::for_each(rare, followers_.end(), [&](std::uint32_t next) { entries_[next] = none; });
+    std::sort(followers_.begin(), rare);
+    auto end = longer_.occurrences.size();
+    for (auto next = followers_.begin(); next != rare; ++next) {
+        longer_.firsts.push_back(static_cast<std::uint32_t>(end));
+        end += std::exchange(entries_[*next], size());
         // Counted up again below, while the occurrences are filled in.
-        phrases_.push_back({static_cast<std::uint32_t>(length), 0, 0, end});
-        end += counts[candidate];
+        phrases_.push_back({0, length_ + 1, 0, length_ == 0 ? none : begin() + *next});
     }
-    occurrences_.resize(end);
-    for (std::size_t i = 0; i < words_.size(); ++i) {
-        if (candidateAt[i] == none) continue;
-        const auto number = phraseOf[candidateAt[i]];
-        candidateAt[i] = number;
-        if (number == none) continue;
-        auto& phrase = phrases_[number];
-        occurrences_[phrase.first + phrase.count++] = static_cast<std::uint32_t>(i);
-        if (starts_[i + length]) ++phrase.atEnd;
+    if (rare != followers_.begin()) {
+        longer_.occurrences.resize(end);
+        for (const auto position : places) {
+            const auto next = follower(position);
+            const auto number = next == none ? none : entries_[next];
+            if (number == none) continue;
+            auto& phrase = phrases_[number];
+            if (phrase.count == 0) phrase.position = position;
+            longer_.occurrences[longer_.firsts[number - longer_.begin] + phrase.count++] = position;
+            longer_.at[position] = number;
+        }
     }
-    at_.push_back(std::move(candidateAt));
-}
-
-std::uint32_t PhraseTable::at(std::size_t position, std::size_t length) const {
-    return length - 2 < at_.size() ? at_[length - 2][position] : none;
-}
-
-std::span<const std::uint32_t> PhraseTable::wordsOf(std::uint32_t phrase) const {
-    const auto& [length, count, atEnd, first] = phrases_[phrase];
-    return std::span(words_).subspan(occurrences_[first], length);
+    for (const auto next : followers_) entries_[next] = 0;
+    followers_.clear();
 }
 
 std::span<const std::uint32_t> PhraseTable::occurrences(std::uint32_t phrase) const {
-    return std::span(occurrences_).subspan(phrases_[phrase].first, phrases_[phrase].count);
+    const auto first = present_.firsts[phrase - begin()];
+    return std::span(present_.occurrences)
+        .subspan(first, present_.firsts[phrase - begin() + 1] - first);
 }
 
-std::map<std::int64_t, std::uint32_t> PhraseTable::wordsBefore(std::uint32_t phrase) const {
-    std::map<std::int64_t, std::uint32_t> before;
-    for (const auto position : occurrences(phrase))
-        ++before[starts_[position] ? -1 : std::int64_t{words_[position - 1]}];
-    return before;
+std::span<const std::uint32_t> PhraseTable::wordsOf(std::uint32_t phrase) const {
+    return std::span(words_).subspan(phrases_[phrase].position, phrases_[phrase].length);
 }
 
 }  // namespace brindlet

@@ -2,8 +2,8 @@
 #include <cmath>
 #include <cstdint>
 #include <numeric>
-#include <optional>
 #include <span>
+#include <utility>
 
 #include "classify/Classifier.h"
 #include "classify/Interner.h"
@@ -17,9 +17,11 @@ using Numbers = std::vector<std::uint32_t>;
 constexpr auto none = PhraseTable::none;
 constexpr std::size_t mostWords = 24;
 
-/// The subjects' words, cut to what is looked at and numbered in ascending order of their text.
+/// The subjects' words, cut to what is looked at. Those that phrases can hold have the first
+/// numbers, in ascending order of their text; the others are only told apart.
 struct Family {
     std::vector<std::string> vocabulary;
+    std::size_t differentWords = 0;
     /// One subject after another, and where each ends.
     Numbers words;
     Numbers ends;
@@ -27,56 +29,79 @@ struct Family {
     explicit Family(const std::vector<std::string>& subjects) {
         WordSplitter splitter;
         Interner interner;
+        Numbers counts;
         for (const auto& subject : subjects) {
             const auto& split = splitter.split(subject);
-            for (std::size_t i = 0; i < std::min(split.size(), mostWords); ++i)
+            for (std::size_t i = 0; i < std::min(split.size(), mostWords); ++i) {
                 words.push_back(interner.number(split[i]));
+                if (words.back() == counts.size()) counts.push_back(0);
+                ++counts[words.back()];
+            }
             ends.push_back(static_cast<std::uint32_t>(words.size()));
         }
-        Numbers sorted(interner.size());
-        std::iota(sorted.begin(), sorted.end(), 0u);
-        std::sort(sorted.begin(), sorted.end(), [&](std::uint32_t a, std::uint32_t b) {
+        differentWords = counts.size();
+        Numbers order(differentWords);
+        std::iota(order.begin(), order.end(), 0u);
+        const auto rare = std::partition(order.begin(), order.end(), [&](std::uint32_t word) {
+            return counts[word] >= PhraseTable::fewest;
+        });
+        std::sort(order.begin(), rare, [&](std::uint32_t a, std::uint32_t b) {
             return interner.text(a) < interner.text(b);
         });
-        Numbers rank(sorted.size());
-        for (std::uint32_t i = 0; i < sorted.size(); ++i) {
-            rank[sorted[i]] = i;
-            vocabulary.emplace_back(interner.text(sorted[i]));
-        }
+        std::for_each(order.begin(), rare,
+                      [&](std::uint32_t word) { vocabulary.emplace_back(interner.text(word)); });
+        auto& rank = counts;
+        for (std::uint32_t i = 0; i < order.size(); ++i) rank[order[i]] = i;
         for (auto& word : words) word = rank[word];
     }
 };
 
-/// True when the words before a phrase change enough to be a name or a title.
-bool variesEnough(const std::map<std::int64_t, std::uint32_t>& before) {
-    if (before.size() < 5) return false;
-    double total = 0;
-    for (const auto& [word, count] : before) total += count;
-    double entropy = 0;
-    for (const auto& [word, count] : before) {
-        const double share = count / total;
-        entropy -= share * std::log(share);
+/// Tells whether the words before a phrase change enough to be a name or a title.
+class ChangeBefore {
+  public:
+    explicit ChangeBefore(std::size_t words) : tallies_(words + 1) {}
+
+    bool operator()(const PhraseTable& phrases, std::span<const std::uint32_t> occurrences) {
+        for (const auto position : occurrences) {
+            // The subject's start counts as one of the words before.
+            const auto word = phrases.startsAt(position) ? 0 : phrases.word(position - 1) + 1;
+            if (tallies_[word]++ == 0) seen_.push_back(word);
+        }
+        std::sort(seen_.begin(), seen_.end());
+        const auto total = static_cast<double>(occurrences.size());
+        double entropy = 0;
+        for (const auto word : seen_) {
+            const double share = std::exchange(tallies_[word], 0) / total;
+            entropy -= share * std::log(share);
+        }
+        const auto different = static_cast<double>(seen_.size());
+        seen_.clear();
+        return different >= 5 && entropy / std::log(different) >= 0.3;
     }
-    return entropy / std::log(static_cast<double>(before.size())) >= 0.3;
-}
+
+  private:
+    /// By word; zeros between two phrases.
+    Numbers tallies_;
+    Numbers seen_;
+};
 
 class Miner {
   public:
     explicit Miner(const Family& family)
         : family_(family),
           phrases_(family.words, family.ends),
-          trimmed_(phrases_.size(), none),
-          opensWithChange_(phrases_.size()) {}
+          changeBefore_(family.differentWords),
+          followsChange_(phrases_.size()) {}
 
     /// For each subject the phrase that is its template, or none.
     Numbers templates() {
-        Numbers chosen;
-        std::size_t start = 0;
-        for (const auto end : family_.ends) {
-            const auto phrase = choose(start, end);
-            chosen.push_back(phrase == none ? none : trimmed(phrase));
-            start = end;
+        Numbers chosen(family_.ends.size(), none);
+        while (phrases_.lengthen()) {
+            noteFollowers();
+            choose(chosen);
         }
+        for (auto& phrase : chosen)
+            if (phrase != none) phrase = trimmed(phrase);
         withdrawScarce(chosen);
         blankCommon(chosen);
         return chosen;
@@ -87,47 +112,52 @@ class Miner {
     }
 
   private:
-    /// Longer phrases win over more frequent shorter ones.
-    std::uint32_t choose(std::size_t start, std::size_t end) const {
-        for (auto length = std::min(PhraseTable::longest, end - start); length >= 2; --length) {
+    /// Notes which phrases of the present length end nearly all subjects that hold them, behind a
+    /// name or a title.
+    void noteFollowers() {
+        for (auto phrase = phrases_.begin(); phrase < phrases_.size(); ++phrase) {
+            const auto occurrences = phrases_.occurrences(phrase);
+            const auto atEnd =
+                std::count_if(occurrences.begin(), occurrences.end(), [&](std::uint32_t position) {
+                    return phrases_.startsAt(position + phrases_.length());
+                });
+            followsChange_.push_back(static_cast<double>(occurrences.size()) * 0.9 <=
+                                         static_cast<double>(atEnd) &&
+                                     changeBefore_(phrases_, occurrences));
+        }
+    }
+
+    /// Gives each subject its most frequent phrase of the present length, if it has any: longer
+    /// phrases win over more frequent shorter ones.
+    void choose(Numbers& chosen) const {
+        const auto length = phrases_.length();
+        std::size_t start = 0;
+        for (std::size_t subject = 0; subject < chosen.size(); ++subject) {
+            const auto end = family_.ends[subject];
             auto best = none;
             for (auto i = start; i + length <= end; ++i) {
-                const auto phrase = phrases_.at(i, length);
+                const auto phrase = phrases_.at(i);
                 if (phrase != none && (best == none || precedes(phrase, best))) best = phrase;
             }
-            if (best != none) return best;
+            if (best != none) chosen[subject] = best;
+            start = end;
         }
-        return none;
     }
 
     bool precedes(std::uint32_t a, std::uint32_t b) const {
         if (phrases_[a].count != phrases_[b].count) return phrases_[a].count > phrases_[b].count;
-        return a != b && std::ranges::lexicographical_compare(wordsOf(a), wordsOf(b));
-    }
-
-    std::uint32_t trimmed(std::uint32_t phrase) {
-        if (trimmed_[phrase] == none) trimmed_[phrase] = trim(phrase);
-        return trimmed_[phrase];
+        return a < b;
     }
 
     /// Takes a changing word off the front: a name before "has subscribed to you" goes. What is
-    /// left must end nearly all subjects that hold it and be more frequent than what was given.
-    std::uint32_t trim(std::uint32_t phrase) {
-        const auto start = phrases_.occurrences(phrase).front();
+    /// left must be more frequent than what was given.
+    std::uint32_t trimmed(std::uint32_t phrase) const {
         auto best = phrase;
-        for (std::uint32_t dropped = 1; dropped + 2 <= phrases_[phrase].length; ++dropped) {
-            const auto rest = phrases_.at(start + dropped, phrases_[phrase].length - dropped);
-            const auto& [length, count, atEnd, first] = phrases_[rest];
-            if (count > phrases_[best].count && count * 0.9 <= atEnd && opensWithChange(rest))
-                best = rest;
+        for (auto rest = phrase; phrases_[rest].length > 2;) {
+            rest = phrases_[rest].rest;
+            if (phrases_[rest].count > phrases_[best].count && followsChange_[rest]) best = rest;
         }
         return best;
-    }
-
-    bool opensWithChange(std::uint32_t phrase) {
-        auto& known = opensWithChange_[phrase];
-        if (!known) known = variesEnough(phrases_.wordsBefore(phrase));
-        return *known;
     }
 
     /// A phrase that occurs far more often than it was chosen says little about those that chose
@@ -166,10 +196,10 @@ class Miner {
     }
 
     const Family& family_;
-    const PhraseTable phrases_;
-    /// What each phrase was trimmed to; none until asked.
-    Numbers trimmed_;
-    std::vector<std::optional<bool>> opensWithChange_;
+    PhraseTable phrases_;
+    ChangeBefore changeBefore_;
+    /// By phrase.
+    std::vector<bool> followsChange_;
 };
 
 }  // namespace
@@ -182,8 +212,9 @@ std::vector<Classifier::Words> Classifier::mineTemplates(const std::vector<std::
     const auto chosen = miner.templates();
     for (std::size_t i = 0; i < subjects.size(); ++i) {
         if (chosen[i] == none) continue;
-        for (const auto word : miner.wordsOf(chosen[i]))
-            templates[i].push_back(family.vocabulary[word]);
+        const auto words = miner.wordsOf(chosen[i]);
+        templates[i].reserve(words.size());
+        for (const auto word : words) templates[i].push_back(family.vocabulary[word]);
     }
     return templates;
 }

@@ -8,11 +8,10 @@ namespace brindlet {
 namespace {
 
 Mark noteOn(bool ticked) {
-    return ticked
-               ? Mark{"Will be moved", Tone::orange,
-                      "Will be moved - and Brindlet will remember this sender"}
-               : Mark{"Will stay put", Tone::green,
-                      "Will stay put - Brindlet will remember this sender"};
+    return ticked ? Mark{"Will be moved", Tone::orange,
+                         "Will be moved - and Brindlet will remember this sender"}
+                  : Mark{"Will stay put", Tone::green,
+                         "Will stay put - Brindlet will remember this sender"};
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ TEST(MessageLink, ThereIsNoneForAnIdThatMakesNoAddress) {
                                "a\x1b[0m@x", "\xff@x",
                                "a@x\xc3",    "\xed\xa0\x80@x"};
     for (const auto& id : ids) {
-        EXPECT_EQ(MailStore::messageLink(id), std::nullopt) << testing::PrintToString(id);
+        EXPECT_EQ(MailStore::messageLink(id), std::nullopt) << ::testing::PrintToString(id);
         home.store.openInMail(id);
     }
     EXPECT_EQ(home.world.desktop.opened, std::vector<std::string>{});

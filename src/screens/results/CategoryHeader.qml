@@ -52,10 +52,20 @@ Item {
         Keys.onRightPressed: root.open(true)
         Keys.onLeftPressed: root.open(false)
 
-        background: Rectangle {
-            radius: Theme.cardRadius
-            color: opener.down ? Theme.press : opener.hovered ? Theme.hover : "transparent"
+        background: Item {
+            Item {
+                anchors.fill: parent
+                clip: true
 
+                // Square at its foot while the card goes on below.
+                Rectangle {
+                    width: parent.width
+                    height: parent.height + (root.expanded ? radius : 0)
+                    radius: Theme.cardRadius
+                    color: opener.down ? Theme.press
+                         : opener.hovered ? Theme.hover : "transparent"
+                }
+            }
             FocusRing {
                 control: opener
                 around: Theme.cardRadius

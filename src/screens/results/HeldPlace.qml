@@ -16,13 +16,24 @@ QtObject {
         target: root.card
 
         function onYChanged(): void {
-            root.page.contentY = Math.max(0, root.page.contentY + root.card.y - root.lastY);
+            root.page.shift(root.card.y - root.lastY);
             root.lastY = root.card.y;
+            root.soon.restart();
         }
 
         function onHeightChanged(): void {
-            if (root.card.section !== null)
-                root.page.reveal(root.card);
+            root.soon.restart();
         }
+    }
+
+    // When the page has taken all of its new shape.
+    readonly property Timer soon: Timer {
+        interval: 0
+        onTriggered: root.show()
+    }
+
+    function show(): void {
+        if (root.card !== null && root.card.section !== null)
+            root.page.reveal(root.card);
     }
 }

@@ -25,8 +25,8 @@ Item {
     required property string reviewed
     required property string reviewedHelp
     required property string description
-    required property MessagesModel messages
     readonly property RowList list: ListView.view as RowList
+    readonly property MessagesModel messages: list !== null ? list.model as MessagesModel : null
     readonly property bool isMessage: kind === MessagesModel.Message
     readonly property bool isSender: kind === MessagesModel.Sender
     readonly property bool isHeading: kind === MessagesModel.Heading
@@ -166,7 +166,7 @@ Item {
             id: button
 
             objectName: "rowButton" + root.index
-            visible: !root.isHeading
+            visible: root.isSender || root.openHelp !== ""
             opacity: root.isSender || hover.hovered || root.isCurrent ? 1 : 0
             symbol: root.isSender ? root.chevron : "arrow.up.forward.app"
             help: root.openHelp

@@ -32,8 +32,10 @@ RowList {
     Keys.onDeletePressed: root.rules.toggleMark(root.currentIndex)
     // What a Mac calls Delete.
     Keys.onPressed: event => {
-        if (event.key === Qt.Key_Backspace)
-            root.rules.toggleMark(root.currentIndex);
+        if (event.key !== Qt.Key_Backspace)
+            return;
+        root.rules.toggleMark(root.currentIndex);
+        event.accepted = true;
     }
 
     delegate: RuleListRow {}

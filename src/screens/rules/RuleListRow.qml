@@ -66,9 +66,8 @@ Item {
         Rectangle {
             anchors.fill: parent
             anchors.margins: 3
-            visible: root.isRule || root.isMessage
             radius: Theme.rowRadius
-            color: hover.hovered ? Theme.hover : "transparent"
+            color: hover.hovered && (root.isRule || root.isMessage) ? Theme.hover : "transparent"
             border.width: root.hasKeyboard ? 2 : 0
             border.color: Theme.lavenderInk
         }

@@ -43,7 +43,8 @@ ListView {
             root.currentIndex = to;
     }
 
-    // Below the rows. A handler on the list itself would also hear of clicks on what floats over it.
+    // Below the rows. A handler on the list itself would also hear of clicks on what floats over
+    // it.
     MouseArea {
         parent: root.contentItem
         y: root.originY

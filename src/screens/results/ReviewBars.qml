@@ -1,9 +1,9 @@
 import QtQuick
 import Brindlet.Screens
 
-// What the session offers after a correction, floating over the foot of the page. The keyboard comes
-// here from a place of its own in the order of Tab and goes on from there: in the order of the items
-// the bars would stand behind everything on the page.
+// What the session offers after a correction, floating over the foot of the page. The keyboard
+// comes here from a place of its own in the order of Tab and goes on from there: in the order of
+// the items the bars would stand behind everything on the page.
 Item {
     id: root
 

@@ -35,6 +35,7 @@ constexpr double tickLimit = 2;
 constexpr double filterKeyLimit = 10;
 constexpr int rounds = 3;
 constexpr int messages = 50'000;
+constexpr int rulesOfOneSender = 1'000;
 constexpr int frames = 400;
 constexpr double step = 37;
 constexpr int changesPerSecond = 10;
@@ -96,14 +97,26 @@ void openResults(AppState& state) {
     state.navigate(AppState::Screen::results);
 }
 
+/// The rules of one sender, most of them with a template, over as many messages of theirs.
+void openRules(AppState& state) {
+    state.verdicts.set(oneLongCategory());
+    std::vector<Rule> rules(rulesOfOneSender);
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        rules[i].sender = "quill.example";
+        if (i % 10 > 0) rules[i].templateWords = {"you", "number", std::to_string(i)};
+    }
+    state.rules.session.set(std::move(rules));
+    state.navigate(AppState::Screen::rules);
+}
+
 double percentile99(std::vector<double> costs) {
     std::sort(costs.begin(), costs.end());
     return costs[costs.size() * 99 / 100];
 }
 
 /// The 99th percentile of what a frame costs between its synchronising and its end.
-double scrolling(testing::Stage& stage) {
-    auto* list = stage.await(QStringLiteral("messages"));
+double scrolling(testing::Stage& stage, const char* name = "messages") {
+    auto* list = stage.await(QString::fromLatin1(name));
     auto* window = stage.window();
     QElapsedTimer timer;
     std::vector<double> costs;
@@ -146,6 +159,35 @@ double firstRefresh(testing::Stage& stage) {
     timer.start();
     results.refresh();
     return milliseconds(timer);
+}
+
+/// From coming to the rules to all rows and words.
+double firstRefreshOfRules(testing::Stage& stage) {
+    screens::RulesModel rules(*stage.state);
+    QElapsedTimer timer;
+    timer.start();
+    rules.refresh();
+    return milliseconds(timer);
+}
+
+/// A tick in an open rule that covers everything, which adds or strengthens a rule each time.
+double tickingInRule(testing::Stage& stage) {
+    auto& list = *stage.model().rules()->rules();
+    list.setOpen(1, true);
+    stage.settle();
+    std::vector<double> costs;
+    QElapsedTimer timer;
+    const auto told = QObject::connect(&list, &QAbstractItemModel::dataChanged, &list,
+                                       [&] { costs.push_back(milliseconds(timer)); });
+    for (int row = 2; costs.size() < 40; row += 7) {
+        if (!list.index(row).data(screens::RuleRowsModel::CanTickRole).toBool()) continue;
+        timer.start();
+        list.choose(row);
+        QCoreApplication::sendPostedEvents();
+    }
+    QObject::disconnect(told);
+    list.setOpen(1, false);
+    return percentile99(costs);
 }
 
 /// From a click to what makes the row's picture anew; the sender's subjects are known from a tick
@@ -234,6 +276,15 @@ int measureAll(int argc, char** argv) {
     ok &= report(
         "a key of the filter over 50,000 results, the dearest", [&] { return filtering(stage); },
         filterKeyLimit);
+    testing::Stage rules(openRules);
+    ok &= report(
+        "first refresh of 1,000 rules over 50,000 messages",
+        [&] { return firstRefreshOfRules(rules); }, firstRefreshLimit);
+    ok &= report(
+        "a tick under one of them", [&] { return tickingInRule(rules); }, firstRefreshLimit);
+    ok &= report(
+        "scrolling 1,000 rules, 99th percentile of a frame",
+        [&] { return scrolling(rules, "rules"); }, frameLimit);
     return ok ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

@@ -6,6 +6,8 @@ ListView {
     id: root
 
     required property string name
+    // Of what the rows show, in the middle of a list that is wider.
+    property real rowWidth: width
     // By Space or Return.
     signal rowChosen(row: int)
     // By the mouse, at a place of the row.

@@ -17,6 +17,7 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"open results", scenes::openResults},
     {"stopped scan", scenes::stoppedScan},
     {"history", scenes::history},
+    {"taught history", scenes::taughtHistory},
     {"empty history", scenes::emptyHistory},
     {"no rules", scenes::noRules},
     {"rules", scenes::rules},
@@ -45,7 +46,7 @@ TEST(Keyboard, AListIsOneTabStop) {
     Stage stage(scenes::openResults);
     ASSERT_TRUE(stage.tabTo("messages"));
     stage.press(Qt::Key_Tab);
-    EXPECT_EQ(stage.focused(), QStringLiteral("category2"));
+    EXPECT_EQ(stage.focused(), QStringLiteral("categoryTick2"));
 }
 
 TEST(Keyboard, ReturnAndSpaceBothPressStart) {

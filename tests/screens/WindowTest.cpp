@@ -12,14 +12,24 @@ namespace {
 
 using Scene = std::pair<const char*, void (*)(AppState&)>;
 const std::vector<Scene> allScenes{
-    {"welcome", [](AppState&) {}},           {"permission", scenes::permission},
-    {"mailboxes", scenes::mailboxes},        {"chosen mailbox", scenes::chosenMailbox},
-    {"no accounts", scenes::noAccounts},     {"scanning", scenes::scanning},
-    {"paused scan", scenes::pausedScan},     {"results", scenes::results},
-    {"open results", scenes::openResults},   {"stopped scan", scenes::stoppedScan},
-    {"nothing found", scenes::nothingFound}, {"history", scenes::history},
-    {"long history", scenes::longHistory},   {"empty history", scenes::emptyHistory},
-    {"no rules", scenes::noRules},           {"rules", scenes::rules},
+    {"welcome", [](AppState&) {}},
+    {"permission", scenes::permission},
+    {"mailboxes", scenes::mailboxes},
+    {"chosen mailbox", scenes::chosenMailbox},
+    {"no accounts", scenes::noAccounts},
+    {"scanning", scenes::scanning},
+    {"paused scan", scenes::pausedScan},
+    {"results", scenes::results},
+    {"open results", scenes::openResults},
+    {"stopped scan", scenes::stoppedScan},
+    {"corrected results", scenes::correctedResults},
+    {"nothing found", scenes::nothingFound},
+    {"history", scenes::history},
+    {"long history", scenes::longHistory},
+    {"taught history", scenes::taughtHistory},
+    {"empty history", scenes::emptyHistory},
+    {"no rules", scenes::noRules},
+    {"rules", scenes::rules},
 };
 
 class EveryScreen : public ::testing::TestWithParam<Scene> {};

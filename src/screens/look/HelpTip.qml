@@ -6,7 +6,9 @@ Rectangle {
     id: root
 
     readonly property bool shown: Help.shown
+    readonly property string text: Help.text
 
+    objectName: "helpTip"
     width: words.width + 20
     height: words.height + 14
     radius: Theme.rowRadius
@@ -45,7 +47,7 @@ Rectangle {
         id: oneLine
 
         visible: false
-        text: Help.text
+        text: root.text
         size: Theme.smallSize
         Accessible.ignored: true
     }
@@ -55,7 +57,7 @@ Rectangle {
         x: 10
         y: 7
         width: Math.min(Math.ceil(oneLine.implicitWidth), 320)
-        text: Help.text
+        text: root.text
         size: Theme.smallSize
         color: Theme.ink
         wrapMode: Text.WordWrap

@@ -72,6 +72,7 @@ Flickable {
     function placeFor(item: Item): real {
         const top = item.mapToItem(page, 0, 0).y;
         const least = top + item.height + Theme.space5 + root.covered - root.height;
-        return Math.max(0, Math.min(Math.max(root.contentY, least), top - Theme.space5));
+        const to = Math.min(Math.max(root.contentY, least), top - Theme.space5);
+        return Math.max(0, Math.round(to));
     }
 }

@@ -76,6 +76,7 @@ T.TextField {
         spacing: 5
 
         Txt {
+            objectName: root.objectName + "Outcome"
             anchors.verticalCenter: parent.verticalCenter
             text: root.outcome
             size: Theme.smallSize

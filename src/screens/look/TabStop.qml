@@ -15,9 +15,8 @@ T.Control {
     }
 
     // Takes the keyboard on from here.
-    function leave(forward: bool): void {
-        root.nextItemInFocusChain(forward).forceActiveFocus(
-            forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+    function goOn(): void {
+        root.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
     }
 
     Accessible.ignored: true

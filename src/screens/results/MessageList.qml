@@ -2,7 +2,7 @@ import QtQuick
 import Brindlet.Screens
 
 // The rows of the open category. Space ticks; Right and Left open and close a sender, and Left on
-// one of its messages goes back to it.
+// one of its messages goes back to it; the key of "Open" opens a message in the mail program.
 RowList {
     id: root
 
@@ -20,6 +20,12 @@ RowList {
             root.messages.setExpanded(sender, false);
         else if (sender >= 0)
             root.currentIndex = sender;
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Open]
+        enabled: root.activeFocus
+        onActivated: root.messages.openInMail(root.currentIndex)
     }
 
     delegate: MessageRow {

@@ -35,7 +35,6 @@ Item {
     readonly property bool isCurrent: ListView.isCurrentItem && list !== null && list.activeFocus
     readonly property bool hasKeyboard: isCurrent && Theme.keyboardLeads
 
-    objectName: "row" + index
     width: list ? list.width : 0
     implicitHeight: Theme.rowHeight
 
@@ -62,6 +61,7 @@ Item {
         enabled: !root.isHeading
     }
     Rectangle {
+        objectName: "row" + root.index
         anchors.fill: parent
         anchors.leftMargin: 6
         anchors.rightMargin: 6
@@ -75,6 +75,7 @@ Item {
     Rectangle {
         id: box
 
+        objectName: "box" + root.index
         anchors.verticalCenter: parent.verticalCenter
         x: 11 + (root.indent ? 26 : 0)
         width: 28
@@ -141,6 +142,7 @@ Item {
         ReviewedMark {
             id: mark
 
+            objectName: "rowReviewed" + root.index
             anchors.verticalCenter: parent.verticalCenter
             text: root.reviewed
             help: root.reviewedHelp
@@ -163,6 +165,7 @@ Item {
         RowButton {
             id: button
 
+            objectName: "rowButton" + root.index
             visible: !root.isHeading
             opacity: root.isSender || hover.hovered || root.isCurrent ? 1 : 0
             symbol: root.isSender ? root.chevron : "arrow.up.forward.app"

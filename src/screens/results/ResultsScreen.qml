@@ -24,17 +24,22 @@ FocusScope {
             root.model.back();
     }
     onFocusItemChanged: {
-        if (page.holds(root.focusItem))
+        if (page.holds(root.focusItem) && !(root.focusItem instanceof TabStop))
             root.pageFocus = root.focusItem instanceof MessageRow ? root.focusItem.list
                                                                   : root.focusItem;
         else if (root.focusItem === root)
-            Qt.callLater(root.returnFocus);
+            Qt.callLater(root.catchFocus);
     }
 
     // What had the keyboard is gone, and Tab would begin all over.
-    function returnFocus(): void {
-        if (root.focusItem === root && root.pageFocus !== null && root.pageFocus.visible)
-            root.pageFocus.forceActiveFocus();
+    function catchFocus(): void {
+        if (root.focusItem === root)
+            root.returnFocus(Qt.OtherFocusReason);
+    }
+
+    function returnFocus(reason: int): void {
+        if (root.pageFocus !== null && root.pageFocus.visible)
+            root.pageFocus.forceActiveFocus(reason);
     }
 
     function tabStop(): TabStop {
@@ -161,7 +166,7 @@ FocusScope {
         width: Math.min(root.width - 2 * Theme.space6, Theme.measure)
         undo: root.model.undo
         offer: root.model.offer
-        onPassed: forward => root.tabStop().leave(forward)
-        onEmptied: root.returnFocus()
+        onPassed: root.tabStop().goOn()
+        onReturned: root.returnFocus(Qt.BacktabFocusReason)
     }
 }

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import Brindlet.Screens
 
 // What the session offers after a correction, floating over the foot of the page. The keyboard comes
@@ -13,13 +14,19 @@ Item {
     readonly property bool settled: undoBar.settled && offerBar.settled
     // How much of the page they cover.
     readonly property real covered: shown ? height + Theme.space5 : 0
-    // The keyboard goes on beyond the last button, or back before the first.
-    signal passed(forward: bool)
-    // The button that had the keyboard is gone.
-    signal emptied
+    readonly property Item focusItem: Window.activeFocusItem
+    readonly property bool buttonGone: focusItem !== null && !focusItem.visible
+    // The keyboard goes on beyond the last button.
+    signal passed
+    // It goes back to where it came from: before the first button, or because its button is gone.
+    signal returned
 
     height: column.height
 
+    onButtonGoneChanged: {
+        if (root.buttonGone)
+            Qt.callLater(root.returned);
+    }
     Keys.onTabPressed: root.step(1)
     Keys.onBacktabPressed: root.step(-1)
 
@@ -32,10 +39,12 @@ Item {
     function step(by: int): void {
         const stops = root.stops();
         const to = stops.findIndex(stop => stop.activeFocus) + by;
-        if (to < 0 || to >= stops.length)
-            root.passed(by > 0);
-        else
+        if (to < 0)
+            root.returned();
+        else if (to < stops.length)
             root.take(stops[to], by > 0);
+        else
+            root.passed();
     }
 
     function take(stop: Item, forward: bool): void {

@@ -12,7 +12,8 @@ FloatingBar {
     readonly property bool beside: question.implicitWidth <= room
                                    && why.implicitWidth <= 1.8 * room
 
-    implicitHeight: beside ? Math.max(74, words.height + 32) : words.height + buttons.height + 46
+    implicitHeight: Math.ceil(beside ? Math.max(74, words.height + 32)
+                                     : words.height + buttons.height + 46)
     shown: model.shown
 
     // The buttons in their order, for the keyboard.
@@ -34,7 +35,7 @@ FloatingBar {
         id: words
 
         x: root.textX
-        y: root.beside ? (root.height - height) / 2 : 16
+        y: root.beside ? Math.round((root.height - height) / 2) : 16
         width: root.beside ? root.room : root.width - x - 18
         spacing: 3
 

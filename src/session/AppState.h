@@ -22,7 +22,6 @@
 #include "mail/Reach.h"
 #include "platform/Power.h"
 #include "platform/Services.h"
-#include "platform/UserDefaults.h"
 #include "session/FamilyTemplates.h"
 #include "session/Review.h"
 #include "session/VerdictIndex.h"
@@ -255,7 +254,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
                std::optional<Rule> learnedRule);
     std::string sweepWords(bool tick, std::size_t count) const;
     void markTouched(std::int64_t id);
-    void storeReview(std::string_view what, const UserDefaults::Strings& strings);
+    void storeReview(std::string_view what, const std::vector<std::string>& strings);
     void restoreReviewState();
     const FamilyTemplates& familyOf(const std::string& key);
     void findKin(std::uint32_t position);

@@ -8,12 +8,12 @@ namespace brindlet {
 namespace {
 
 /// What a scan file keeps of a message; a category that this version does not know cannot be told.
-Verdict restored(const ScanRecord::Saved& saved) {
+Verdict restored(ScanRecord::Saved saved) {
     Verdict verdict;
     verdict.id = saved.n;
-    verdict.messageID = saved.messageID;
-    verdict.sender = saved.sender;
-    verdict.subject = saved.subject;
+    verdict.messageID = std::move(saved.messageID);
+    verdict.sender = std::move(saved.sender);
+    verdict.subject = std::move(saved.subject);
     verdict.category = fromRaw<Category>(saved.category).value_or(Category::cannotTell);
     verdict.isJunk = saved.isJunk;
     verdict.vetoed = saved.vetoed;
@@ -26,13 +26,13 @@ void AppState::openRecord(const ScanRecord& chosen) {
     // It may be the scan on show, whose last ticks have not reached its file yet.
     persistNow();
     scanFiles_.drain();
-    const auto saved = history.readScan(chosen.started);
+    auto saved = history.readScan(chosen.started);
     if (!saved) return;
     const ScanRecord record = chosen;  // it may be an entry of a list that is about to change
 
     std::vector<Verdict> list;
     list.reserve(saved->size());
-    for (const auto& message : *saved) list.push_back(restored(message));
+    for (auto& message : *saved) list.push_back(restored(std::move(message)));
     verdicts.set(VerdictList(std::move(list)));
     families.clear();
     currentRecord = record;

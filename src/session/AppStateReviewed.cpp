@@ -29,7 +29,7 @@ void AppState::markTouched(std::int64_t id) {
         }
     });
     if (!currentRecord) return;
-    UserDefaults::Strings decimals;
+    std::vector<std::string> decimals;
     decimals.reserve(touched->size());
     for (const auto each : *touched) decimals.push_back(std::to_string(each));
     storeReview("touched", decimals);
@@ -45,7 +45,7 @@ void AppState::markCategoryReviewed(Category category) {
     storeReview("reviewedCats", *reviewedCats);
 }
 
-void AppState::storeReview(std::string_view what, const UserDefaults::Strings& strings) {
+void AppState::storeReview(std::string_view what, const std::vector<std::string>& strings) {
     if (currentRecord)
         services_.defaults.setStrings(std::string(what) + "-" + currentRecord->id(), strings);
 }

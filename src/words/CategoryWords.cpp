@@ -11,7 +11,7 @@ namespace {
 Mark categoryBadge(Category category, const Calibration& calibration) {
     const bool junk = isDefaultJunk(category);
     const auto flip = calibration.flip(category);
-    if (!flip || (*flip == Rule::Verdict::junk) == junk) 
+    if (!flip || (*flip == Rule::Verdict::junk) == junk)
         return junk ? Mark{"JUNK", Tone::orange, {}} : Mark{"KEEP", Tone::green, {}};
     const auto help =
         "Learned from your corrections - it overrides the model for this whole category. Change it "
@@ -72,8 +72,7 @@ std::vector<CategoryWords> categoryWords(const AppState& state,
         if (ticks.tickable > 0)
             words.tickHelp =
                 ticks.wouldTick() ? "Tick this whole category" : "Untick this whole category";
-        words.reviewed =
-            reviewWords(*state.reviewedCats, std::string(rawValue(rows.category)));
+        words.reviewed = reviewWords(*state.reviewedCats, std::string(rawValue(rows.category)));
         all.push_back(std::move(words));
     }
     return all;

@@ -33,8 +33,7 @@ std::string explanationOf(const PendingRule& offer) {
     if (!offer.members.empty())
         return "\u201c" + joined(offer.templateWords) + "\u201d - their other " +
                std::string(displayName(offer.category)) + " is untouched";
-    if (!offer.kin.empty())
-        return "Matched on what the message is about - the rest is untouched";
+    if (!offer.kin.empty()) return "Matched on what the message is about - the rest is untouched";
     if (!offer.everything.empty())
         return "The whole sender is still there if that is what you meant";
     return {};

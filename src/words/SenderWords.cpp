@@ -21,7 +21,7 @@ SenderWords senderWords(const AppState& state, const SenderFacts& facts) {
     const auto name = displayedName(facts.firstSender);
     SenderWords words;
     words.title = name.empty() ? facts.key : std::string(name);
-    words.detail = facts.key;
+    if (words.title != facts.key) words.detail = facts.key;
     words.tickSymbol = tickSymbol(facts.ticks);
     words.canTick = facts.ticks.tickable > 0;
     if (words.canTick)

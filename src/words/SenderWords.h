@@ -14,6 +14,7 @@ class AppState;
 /// The row that stands for all messages of one sender.
 struct SenderWords {
     std::string title;
+    /// The key below the name; empty when it is the title already.
     std::string detail;
     std::string tickSymbol;
     /// Empty where there is nothing to tick.

@@ -112,16 +112,5 @@ TEST(ScreenReader, ACategoryTellsWhetherItIsOpenAndOpens) {
     EXPECT_EQ(ads->text(QAccessible::Description), QStringLiteral("JUNK, Expanded"));
 }
 
-TEST(ScreenReader, AMessageTellsItsMarkAndWhetherItIsTicked) {
-    Stage stage(scenes::openResults);
-    const Reader reader(stage);
-    auto* message =
-        reader.find("New arrivals picked for you, number 1, Quill & Thread <hello1@quill.example>");
-    EXPECT_EQ(message->role(), QAccessible::ListItem);
-    EXPECT_EQ(message->text(QAccessible::Description), QStringLiteral("JUNK"));
-    EXPECT_TRUE(message->state().checkable);
-    EXPECT_TRUE(message->state().checked);
-}
-
 }  // namespace
 }  // namespace brindlet::testing

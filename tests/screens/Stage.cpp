@@ -130,7 +130,7 @@ VerdictList verdicts(int count) {
         Verdict verdict;
         verdict.id = i + 1;
         if (i % 17 != 3) verdict.messageID = std::to_string(i) + "@letters.example";
-        verdict.sender = "Quill & Thread <hello" + std::to_string(i % 40) + "@quill.example>";
+        verdict.sender = "Quill & Thread <news@quill" + std::to_string(i % 40) + ".example>";
         verdict.subject = "New arrivals picked for you, number " + std::to_string(i);
         verdict.category = categories[static_cast<std::size_t>(i % 10)];
         verdict.isJunk = isDefaultJunk(verdict.category);

@@ -4,12 +4,15 @@
 #include "words/CategoryWords.h"
 #include "words/FolderWords.h"
 #include "words/HistoryWords.h"
+#include "words/ListWords.h"
+#include "words/OfferWords.h"
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
 #include "words/ResultsWords.h"
 #include "words/RuleWords.h"
 #include "words/RulesWords.h"
 #include "words/ScanningWords.h"
+#include "words/UndoWords.h"
 #include "words/WelcomeWords.h"
 
 namespace brindlet {
@@ -86,10 +89,42 @@ TEST(StaticWords, Results) {
     const ResultsWords words;
     EXPECT_EQ(words.backSymbol, "chevron.left");
     EXPECT_EQ(words.scanAnother, "Scan another");
+    EXPECT_EQ(words.rulesSymbol, "wand.and.stars");
+    EXPECT_EQ(words.historySymbol, "clock.arrow.circlepath");
+    EXPECT_EQ(words.history, "History");
     const ScanErrorWords error;
     EXPECT_EQ(error.symbol, "exclamationmark.triangle.fill");
     EXPECT_EQ(error.title, "This scan was stopped");
     EXPECT_EQ(error.quit, "Quit Brindlet");
+    const AllMovedWords moved;
+    EXPECT_EQ(moved.symbol, "checkmark.circle");
+    EXPECT_EQ(moved.next, "Scan another mailbox, or let Brindlet watch this one on a schedule.");
+}
+
+TEST(StaticWords, Categories) {
+    EXPECT_EQ(CategoryWords().generalHelp, "Approve or skip this whole category");
+}
+
+TEST(StaticWords, MessageLists) {
+    const ListWords words;
+    EXPECT_EQ(words.filterSymbol, "magnifyingglass");
+    EXPECT_EQ(words.filterPrompt, "Filter by sender or subject - sale");
+    EXPECT_EQ(words.tickAll, "Tick all");
+    EXPECT_EQ(words.untickAll, "Untick all");
+    EXPECT_EQ(words.bySenderSymbol, "person.2");
+    EXPECT_EQ(words.bySender, "By sender");
+    EXPECT_EQ(words.bySenderHelp, "One row per sender instead of one per message");
+    EXPECT_EQ(words.stayPut, "These stay put - none of them will be moved");
+}
+
+TEST(StaticWords, Undo) {
+    const UndoWords words;
+    EXPECT_EQ(words.symbol, "arrow.uturn.backward");
+    EXPECT_EQ(words.label, "Undo");
+}
+
+TEST(StaticWords, Offer) {
+    EXPECT_EQ(OfferWords().symbol, "wand.and.stars");
 }
 
 TEST(StaticWords, History) {

@@ -68,6 +68,12 @@ Flickable {
         glide.restart();
     }
 
+    // Goes along with what moved on the page, so that it stays where it is in the window.
+    function shift(by: real): void {
+        glide.stop();
+        root.contentY = Math.max(0, root.contentY + by);
+    }
+
     // Where to scroll to for the item to be in sight; no further than needed.
     function placeFor(item: Item): real {
         const top = item.mapToItem(page, 0, 0).y;

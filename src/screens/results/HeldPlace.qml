@@ -16,13 +16,18 @@ QtObject {
         target: root.card
 
         function onYChanged(): void {
-            root.page.contentY = Math.max(0, root.page.contentY + root.card.y - root.lastY);
+            root.page.shift(root.card.y - root.lastY);
             root.lastY = root.card.y;
+            Qt.callLater(root.show);
         }
 
         function onHeightChanged(): void {
-            if (root.card.section !== null)
-                root.page.reveal(root.card);
+            Qt.callLater(root.show);
         }
+    }
+
+    function show(): void {
+        if (root.card !== null && root.card.section !== null)
+            root.page.reveal(root.card);
     }
 }

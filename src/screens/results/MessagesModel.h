@@ -109,6 +109,8 @@ class MessagesModel : public QAbstractListModel {
     /// Leads to the sender that was reviewed last, if it is in the list.
     Q_INVOKABLE void jumpToReviewed();
 
+    /// The one that the rows are of.
+    std::optional<Category> category() const;
     /// Other verdicts, or another category; for the same category, filter and grouping stay.
     void show(const CategoryRows& rows);
     /// The category closes: its open sender counts as reviewed.

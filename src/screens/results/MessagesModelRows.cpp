@@ -9,6 +9,10 @@
 
 namespace brindlet::screens {
 
+std::optional<Category> MessagesModel::category() const {
+    return category_ ? std::optional(category_->category) : std::nullopt;
+}
+
 void MessagesModel::show(const CategoryRows& rows) {
     if (category_ && category_->category != rows.category) close();
     verdictsRevision_ = state_.verdicts.revision();
@@ -87,8 +91,7 @@ void MessagesModel::setExpanded(int row, bool expanded) {
 
 void MessagesModel::toggleExpanded(int row) {
     const auto at = present(row);
-    if (at && at->kind == MessageRows::Kind::sender)
-        setExpanded(row, rows_.openSender() != at->at);
+    if (at && at->kind == MessageRows::Kind::sender) setExpanded(row, rows_.openSender() != at->at);
 }
 
 int MessagesModel::senderRow(int row) const {
@@ -203,9 +206,9 @@ void MessagesModel::refreshLines() {
     const auto& locale = state_.services().locale;
     const auto matched = static_cast<std::int64_t>(matched_);
     auto match = filter_.isEmpty() ? std::string() : brindlet::matchLine(matched, locale);
-    auto scroll =
-        bySender_ ? sendersScrollLine(static_cast<std::int64_t>(rows_.senders().size()), locale)
-                  : messagesScrollLine(matched, locale);
+    auto scroll = bySender_
+                      ? sendersScrollLine(static_cast<std::int64_t>(rows_.senders().size()), locale)
+                      : messagesScrollLine(matched, locale);
     if (match == matchLine_ && scroll == scrollLine_) return;
     matchLine_ = std::move(match);
     scrollLine_ = std::move(scroll);

@@ -8,8 +8,7 @@ namespace brindlet::screens {
 void OfferModel::refresh() {
     const auto& offer = *state_.pending;
     source_ = offer ? offer->sourceID : 0;
-    auto words =
-        offer ? std::optional(offerWords(*offer, state_.services().locale)) : std::nullopt;
+    auto words = offer ? std::optional(offerWords(*offer, state_.services().locale)) : std::nullopt;
     if (words == words_) return;
     words_ = std::move(words);
     buttons_.set(words_ ? words_->buttons : std::vector<OfferButton>());

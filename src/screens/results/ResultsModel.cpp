@@ -45,9 +45,16 @@ void ResultsModel::showOpenCategory() {
 }
 
 void ResultsModel::leave() {
-    if (*state_.expand) state_.markCategoryReviewed(**state_.expand);
-    messages_.close();
+    closeCategory();
     shown_.reset();
+}
+
+/// What was open on this screen was looked at.
+void ResultsModel::closeCategory() {
+    const auto open = messages_.category();
+    if (!open) return;
+    messages_.close();
+    state_.markCategoryReviewed(*open);
 }
 
 QString ResultsModel::backName() const {
@@ -146,10 +153,7 @@ void ResultsModel::toggleCategory(int row) {
 }
 
 void ResultsModel::openCategory(std::optional<Category> category) {
-    if (*state_.expand) {
-        messages_.close();
-        state_.markCategoryReviewed(**state_.expand);
-    }
+    closeCategory();
     state_.expand.set(category);
 }
 

@@ -110,6 +110,7 @@ class ResultsModel : public QObject {
     };
     void refreshLists();
     void showOpenCategory();
+    void closeCategory();
     void openCategory(std::optional<Category> category);
     const CategoryRows* category(int row) const;
 

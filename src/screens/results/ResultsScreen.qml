@@ -34,16 +34,22 @@ FocusScope {
     // What had the keyboard is gone, and Tab would begin all over.
     function catchFocus(): void {
         if (root.focusItem === root)
-            root.returnFocus(Qt.OtherFocusReason);
+            root.returnFocus();
     }
 
-    function returnFocus(reason: int): void {
+    function returnFocus(): void {
         if (root.pageFocus !== null && root.pageFocus.visible)
-            root.pageFocus.forceActiveFocus(reason);
+            root.pageFocus.forceActiveFocus();
     }
 
-    function tabStop(): TabStop {
-        return root.openCard !== null ? root.openCard.section.tabStop : lastStop;
+    // From the bars, which stand behind the open list or else behind the last category.
+    function leaveBars(forward: bool): void {
+        if (forward)
+            (root.openCard !== null ? root.openCard.section.tabStop : lastStop).goOn();
+        else if (root.openCard !== null)
+            root.openCard.section.list.forceActiveFocus(Qt.BacktabFocusReason);
+        else
+            (categories.itemAt(categories.count - 1) as CategoryCard).focusHeader();
     }
 
     Shortcut {
@@ -166,7 +172,7 @@ FocusScope {
         width: Math.min(root.width - 2 * Theme.space6, Theme.measure)
         undo: root.model.undo
         offer: root.model.offer
-        onPassed: root.tabStop().goOn()
-        onReturned: root.returnFocus(Qt.BacktabFocusReason)
+        onPassed: forward => root.leaveBars(forward)
+        onVacated: root.returnFocus()
     }
 }

@@ -16,16 +16,16 @@ Item {
     readonly property real covered: shown ? height + Theme.space5 : 0
     readonly property Item focusItem: Window.activeFocusItem
     readonly property bool buttonGone: focusItem !== null && !focusItem.visible
-    // The keyboard goes on beyond the last button.
-    signal passed
-    // It goes back to where it came from: before the first button, or because its button is gone.
-    signal returned
+    // The keyboard goes on beyond the last button, or back before the first.
+    signal passed(forward: bool)
+    // The button that had the keyboard is gone.
+    signal vacated
 
     height: column.height
 
     onButtonGoneChanged: {
         if (root.buttonGone)
-            Qt.callLater(root.returned);
+            Qt.callLater(root.vacated);
     }
     Keys.onTabPressed: root.step(1)
     Keys.onBacktabPressed: root.step(-1)
@@ -39,12 +39,10 @@ Item {
     function step(by: int): void {
         const stops = root.stops();
         const to = stops.findIndex(stop => stop.activeFocus) + by;
-        if (to < 0)
-            root.returned();
-        else if (to < stops.length)
-            root.take(stops[to], by > 0);
+        if (to < 0 || to >= stops.length)
+            root.passed(by > 0);
         else
-            root.passed();
+            root.take(stops[to], by > 0);
     }
 
     function take(stop: Item, forward: bool): void {

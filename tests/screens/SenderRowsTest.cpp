@@ -117,7 +117,7 @@ TEST(SenderRows, ALeftSenderIsReviewed) {
     review.messages.setBySender(true);
     review.messages.toggleExpanded(2);
     review.messages.setFilter("Pine");
-    EXPECT_EQ(review.state->reviewed->back(), "loom.example") << "by a filter that hides it";
+    EXPECT_EQ(review.state->reviewed->back(), "loom@loom.example") << "by a filter that hides it";
     review.messages.toggleExpanded(0);
     review.results.toggleCategory(0);
     EXPECT_EQ(review.state->reviewed->back(), "ann@pine.example") << "by the category's closing";
@@ -198,8 +198,8 @@ TEST(SenderRows, AnOpenSenderStaysOpenWhileItsMessagesMove) {
     review.messages.toggleExpanded(0);
     review.state->movedAlready.set({"moved@x.com"});
     review.results.refresh();
-    EXPECT_EQ(review.titles(), QStringList({"Harbor & Pine", "Quill", "Quill 2", "Quill 3", "Loom",
-                                            "Shop Team", heading, "Loom kept"}));
+    EXPECT_EQ(review.titles(), QStringList({"Harbor & Pine", "bob@quill.example", "Quill 2",
+                                            "Quill 3", "Loom", "Shop Team", heading, "Loom kept"}));
     EXPECT_TRUE(review.state->reviewed->empty());
 }
 
@@ -211,7 +211,7 @@ TEST(SenderRows, ReviewMarksChangeTwoRowsAtMost) {
     EXPECT_EQ(review.text(3, Model::ReviewedRole), "Last reviewed");
     EXPECT_EQ(review.text(3, Model::ReviewedHelpRole), "Last reviewed - click to jump there");
     const QSignalSpy changes(&review.messages, &QAbstractItemModel::dataChanged);
-    review.state->markReviewed("loom.example");
+    review.state->markReviewed("loom@loom.example");
     review.results.refresh();
     EXPECT_EQ(changes.count(), 2);
     EXPECT_EQ(review.text(2, Model::ReviewedRole), "Last reviewed");
@@ -224,7 +224,7 @@ TEST(SenderRows, AJumpLeadsToTheSenderReviewedLast) {
     const QSignalSpy jumps(&review.messages, &Model::jumped);
     review.messages.jumpToReviewed();
     EXPECT_EQ(jumps.count(), 0);
-    review.state->markReviewed("loom.example");
+    review.state->markReviewed("loom@loom.example");
     review.messages.toggleExpanded(0);
     review.messages.jumpToReviewed();
     ASSERT_EQ(jumps.count(), 1);

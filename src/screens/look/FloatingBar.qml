@@ -45,9 +45,10 @@ Rectangle {
         radius: root.radius
         blur: 28
     }
-    // What lies beneath is not clicked through the gaps, nor scrolled by accident.
+    // What lies beneath is not clicked or pointed at through the gaps, nor scrolled by accident.
     MouseArea {
         anchors.fill: parent
+        hoverEnabled: true
         onWheel: wheel => wheel.accepted = true
     }
 }

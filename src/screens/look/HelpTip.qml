@@ -26,11 +26,11 @@ Rectangle {
         if (!root.shown || Help.control === null)
             return;
         const spot = Help.control.mapToItem(root.parent, 0, 0);
-        const below = spot.y + Help.control.height + 6;
+        const below = spot.y + Help.control.height + 4;
         const middle = spot.x + (Help.control.width - root.width) / 2;
         root.x = Math.round(Math.max(8, Math.min(middle, root.parent.width - root.width - 8)));
-        root.y = Math.round(below + root.height + 8 <= root.parent.height
-                            ? below : spot.y - root.height - 6);
+        root.y = Math.round(below + root.height + 2 <= root.parent.height
+                            ? below : spot.y - root.height - 4);
     }
 
     Behavior on opacity {

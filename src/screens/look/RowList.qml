@@ -6,6 +6,8 @@ ListView {
     id: root
 
     required property string name
+    // Of what the rows show, in the middle of a list that is wider.
+    property real rowWidth: width
     // By Space or Return.
     signal rowChosen(row: int)
     // By the mouse, at a place of the row.
@@ -18,7 +20,7 @@ ListView {
     boundsBehavior: Flickable.StopAtBounds
     pixelAligned: true
     reuseItems: true
-    cacheBuffer: 5 * Theme.rowHeight
+    cacheBuffer: 0
 
     onContentYChanged: Help.defer()
     // An emptied list forgets where the keyboard was.
@@ -41,8 +43,15 @@ ListView {
             root.currentIndex = to;
     }
 
-    TapHandler {
-        onTapped: point => root.tap(root.contentItem.mapFromItem(null, point.scenePosition))
+    // Below the rows. A handler on the list itself would also hear of clicks on what floats over
+    // it.
+    MouseArea {
+        parent: root.contentItem
+        y: root.originY
+        z: -1
+        width: root.width
+        height: Math.max(root.height, root.contentHeight)
+        onClicked: mouse => root.tap(mapToItem(root.contentItem, mouse.x, mouse.y))
     }
     T.ScrollBar.vertical: SectionScrollBar {}
 

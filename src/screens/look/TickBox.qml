@@ -48,7 +48,7 @@ T.CheckBox {
     Accessible.role: Accessible.CheckBox
     Accessible.name: root.label
     Accessible.description: root.help
-    Accessible.checkable: true
+    Accessible.checkable: root.symbol !== "minus.square.dashed"
     Accessible.checked: root.ticked
     Accessible.checkStateMixed: root.partly
     Accessible.onPressAction: root.asked()

@@ -21,12 +21,24 @@ Card {
     required property bool expanded
     required property string chevron
     required property ResultsModel results
-    required property bool detour
+    // The card opens once it knows them.
+    property ReviewBars bars: null
     readonly property MessageSection section: loader.item as MessageSection
+    readonly property bool opened: expanded && bars !== null
     signal toggleAsked
-    signal detourReached(forward: bool)
 
     implicitHeight: column.implicitHeight
+
+    onOpenedChanged: {
+        if (root.opened)
+            loader.setSource("MessageSection.qml", {
+                "messages": root.results.messages,
+                "name": root.results.messagesName,
+                "bars": root.bars
+            });
+        else
+            loader.source = "";
+    }
 
     function focusHeader(): void {
         header.focusOpener();
@@ -67,15 +79,7 @@ Card {
             id: loader
 
             Layout.fillWidth: true
-            active: root.expanded
-            visible: active
-
-            sourceComponent: MessageSection {
-                messages: root.results.messages
-                name: root.results.messagesName
-                detour: root.detour
-                onDetourReached: forward => root.detourReached(forward)
-            }
+            visible: status === Loader.Ready
         }
     }
 }

@@ -35,8 +35,11 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         symbol: root.tickSymbol
         label: root.label
-        help: root.tickHelp
+        help: root.tickHelp !== "" ? root.tickHelp : root.generalHelp
         onAsked: root.tickAsked()
+
+        Accessible.description: root.tickHelp === "" ? root.generalHelp
+                                                     : root.tickHelp + ", " + root.generalHelp
     }
     T.Button {
         id: opener
@@ -52,20 +55,25 @@ Item {
         Keys.onRightPressed: root.open(true)
         Keys.onLeftPressed: root.open(false)
 
-        background: Rectangle {
-            radius: Theme.cardRadius
-            color: opener.down ? Theme.press : opener.hovered ? Theme.hover : "transparent"
+        background: Item {
+            Item {
+                anchors.fill: parent
+                clip: true
 
+                // Square at its foot while the card goes on below.
+                Rectangle {
+                    width: parent.width
+                    height: parent.height + (root.expanded ? radius : 0)
+                    radius: Theme.cardRadius
+                    color: opener.down ? Theme.press
+                         : opener.hovered ? Theme.hover : "transparent"
+                }
+            }
             FocusRing {
                 control: opener
                 around: Theme.cardRadius
                 gap: 0
             }
-        }
-        HelpSpot {
-            control: opener
-            text: root.generalHelp
-            wanted: opener.activeFocus && Theme.keyboardLeads
         }
 
         Accessible.name: root.label + ", " + root.count
@@ -121,7 +129,9 @@ Item {
                 wanted: jump.activeFocus && Theme.keyboardLeads
             }
 
-            Accessible.role: enabled ? Accessible.Button : Accessible.StaticText
+            // Where it leads nowhere, the header's description says enough.
+            Accessible.ignored: !enabled
+            Accessible.role: Accessible.Button
             Accessible.name: root.reviewed
             Accessible.description: root.reviewedHelp
             Accessible.onPressAction: root.jumpAsked()

@@ -18,12 +18,18 @@ QtObject {
         function onYChanged(): void {
             root.page.shift(root.card.y - root.lastY);
             root.lastY = root.card.y;
-            Qt.callLater(root.show);
+            root.soon.restart();
         }
 
         function onHeightChanged(): void {
-            Qt.callLater(root.show);
+            root.soon.restart();
         }
+    }
+
+    // When the page has taken all of its new shape.
+    readonly property Timer soon: Timer {
+        interval: 0
+        onTriggered: root.show()
     }
 
     function show(): void {

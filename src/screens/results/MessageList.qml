@@ -2,7 +2,7 @@ import QtQuick
 import Brindlet.Screens
 
 // The rows of the open category. Space ticks; Right and Left open and close a sender, and Left on
-// one of its messages goes back to it; the key of "Open" opens a message in the mail program.
+// one of its messages goes back to it; Ctrl+O opens a message in the mail program.
 RowList {
     id: root
 
@@ -23,14 +23,12 @@ RowList {
     }
 
     Shortcut {
-        sequences: [StandardKey.Open]
+        sequences: ["Ctrl+O"]
         enabled: root.activeFocus
         onActivated: root.messages.openInMail(root.currentIndex)
     }
 
-    delegate: MessageRow {
-        messages: root.messages
-    }
+    delegate: MessageRow {}
 
     Connections {
         target: root.messages

@@ -25,8 +25,8 @@ Item {
     required property string reviewed
     required property string reviewedHelp
     required property string description
-    required property MessagesModel messages
     readonly property RowList list: ListView.view as RowList
+    readonly property MessagesModel messages: list !== null ? list.model as MessagesModel : null
     readonly property bool isMessage: kind === MessagesModel.Message
     readonly property bool isSender: kind === MessagesModel.Sender
     readonly property bool isHeading: kind === MessagesModel.Heading
@@ -34,6 +34,9 @@ Item {
     readonly property bool partly: tickSymbol === "minus.square.fill"
     readonly property bool isCurrent: ListView.isCurrentItem && list !== null && list.activeFocus
     readonly property bool hasKeyboard: isCurrent && Theme.keyboardLeads
+
+    // More than any line holds: to lay out all of an endless subject would stop the scrolling.
+    readonly property int mostLetters: 1000
 
     width: list ? list.width : 0
     implicitHeight: Theme.rowHeight
@@ -107,8 +110,9 @@ Item {
         spacing: 1
 
         Txt {
+            objectName: "rowTitle" + root.index
             width: parent.width
-            text: root.title
+            text: root.title.slice(0, root.mostLetters)
             size: root.isHeading ? Theme.smallSize : Theme.rowSize
             weight: root.isMessage ? Font.Medium : Font.DemiBold
             color: root.isHeading ? Theme.greenInk
@@ -122,7 +126,7 @@ Item {
         Txt {
             visible: text !== ""
             width: parent.width
-            text: root.detail
+            text: root.detail.slice(0, root.mostLetters)
             size: 11
             color: Theme.ink3
             horizontalAlignment: Text.AlignLeft
@@ -166,7 +170,7 @@ Item {
             id: button
 
             objectName: "rowButton" + root.index
-            visible: !root.isHeading
+            visible: root.isSender || root.openHelp !== ""
             opacity: root.isSender || hover.hovered || root.isCurrent ? 1 : 0
             symbol: root.isSender ? root.chevron : "arrow.up.forward.app"
             help: root.openHelp

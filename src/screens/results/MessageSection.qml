@@ -9,12 +9,11 @@ FocusScope {
 
     required property MessagesModel messages
     required property string name
-    // Whether Tab goes elsewhere before it goes to the next category.
-    property bool detour: false
+    // Where Tab goes before it goes to the next category.
+    required property ReviewBars bars
     readonly property int mostRows: 8
     readonly property alias tabStop: tabStop
     readonly property alias list: list
-    signal detourReached(forward: bool)
 
     implicitHeight: column.implicitHeight
 
@@ -90,8 +89,8 @@ FocusScope {
         TabStop {
             id: tabStop
 
-            enabled: root.detour
-            onReached: forward => root.detourReached(forward)
+            enabled: root.bars.shown
+            onReached: forward => root.bars.enter(forward)
         }
         Txt {
             objectName: "scrollLine"

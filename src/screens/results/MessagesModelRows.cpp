@@ -217,6 +217,7 @@ void MessagesModel::refreshLines() {
 
 void MessagesModel::refreshTicks() {
     const auto changed = ticks_.difference(*state_.approved);
+    if (changed.empty()) return;
     ticks_ = *state_.approved;
     auto first = rows_.size();
     std::size_t last = 0;
@@ -231,7 +232,7 @@ void MessagesModel::refreshTicks() {
         if (const auto row = rows_.rowOfMessage(*position)) cover(*row);
         if (const auto sender = senderOf(*position)) cover(rows_.rowOfSender(*sender));
     }
-    if (first <= last && first < rows_.size())
+    if (first < rows_.size())
         notify(first, last,
                {TickSymbolRole, TickHelpRole, CountRole, NoteRole, NoteToneRole, NoteHelpRole,
                 DescriptionRole});

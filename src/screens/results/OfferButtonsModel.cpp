@@ -16,13 +16,15 @@ QVariant OfferButtonsModel::data(const QModelIndex& index, int role) const {
             return qtText(button.label);
         case HelpRole:
             return qtText(button.help);
+        case DeclinesRole:
+            return !button.choice;
         default:
             return {};
     }
 }
 
 QHash<int, QByteArray> OfferButtonsModel::roleNames() const {
-    return {{LabelRole, "label"}, {HelpRole, "help"}};
+    return {{LabelRole, "label"}, {HelpRole, "help"}, {DeclinesRole, "declines"}};
 }
 
 void OfferButtonsModel::set(const std::vector<OfferButton>& buttons) {

@@ -15,7 +15,7 @@ class OfferButtonsModel : public QAbstractListModel {
     QML_UNCREATABLE("made by the program")
 
   public:
-    enum Role { LabelRole = Qt::UserRole + 1, HelpRole };
+    enum Role { LabelRole = Qt::UserRole + 1, HelpRole, DeclinesRole };
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

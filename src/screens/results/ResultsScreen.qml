@@ -10,6 +10,9 @@ FocusScope {
 
     readonly property bool settled: page.settled && bars.settled
     readonly property Item focusItem: Window.activeFocusItem
+    // What had the keyboard is gone, and Tab would begin all over.
+    readonly property bool focusLost: focusItem === root
+                                      || (focusItem !== null && !focusItem.visible)
     property CategoryCard openCard: null
     // Where the keyboard was last, beside the bars.
     property Item pageFocus: null
@@ -27,19 +30,20 @@ FocusScope {
         if (page.holds(root.focusItem) && !(root.focusItem instanceof TabStop))
             root.pageFocus = root.focusItem instanceof MessageRow ? root.focusItem.list
                                                                   : root.focusItem;
-        else if (root.focusItem === root)
-            Qt.callLater(root.catchFocus);
+    }
+    onFocusLostChanged: lost.restart()
+
+    function adopt(card: CategoryCard): void {
+        card.toggleAsked.connect(() => hold.card = card);
+        card.sectionChanged.connect(() => root.noticeSection(card));
+        card.bars = bars;
     }
 
-    // What had the keyboard is gone, and Tab would begin all over.
-    function catchFocus(): void {
-        if (root.focusItem === root)
-            root.returnFocus();
-    }
-
-    function returnFocus(): void {
-        if (root.pageFocus !== null && root.pageFocus.visible)
-            root.pageFocus.forceActiveFocus();
+    function noticeSection(card: CategoryCard): void {
+        if (card.section !== null)
+            root.openCard = card;
+        else if (root.openCard === card)
+            root.openCard = null;
     }
 
     // From the bars, which stand behind the open list or else behind the last category.
@@ -52,13 +56,23 @@ FocusScope {
             (categories.itemAt(categories.count - 1) as CategoryCard).focusHeader();
     }
 
+    // In the midst of the change that took it, the focus cannot be given back.
+    Timer {
+        id: lost
+
+        interval: 0
+        onTriggered: {
+            if (root.focusLost && root.pageFocus !== null && root.pageFocus.visible)
+                root.pageFocus.forceActiveFocus();
+        }
+    }
     Shortcut {
-        sequences: [StandardKey.Undo]
+        sequences: ["Ctrl+Z"]
         enabled: root.model.undo.shown
         onActivated: root.model.undo.press()
     }
     Shortcut {
-        sequences: [StandardKey.Find]
+        sequences: ["Ctrl+F"]
         enabled: root.openCard !== null
         onActivated: root.openCard.section.find()
     }
@@ -136,20 +150,10 @@ FocusScope {
             id: categories
 
             model: root.model.categories
+            onItemAdded: (index, item) => root.adopt(item as CategoryCard)
 
             CategoryCard {
-                id: card
-
                 Layout.fillWidth: true
-                detour: bars.shown
-                onDetourReached: forward => bars.enter(forward)
-                onToggleAsked: hold.card = card
-                onSectionChanged: {
-                    if (card.section !== null)
-                        root.openCard = card;
-                    else if (root.openCard === card)
-                        root.openCard = null;
-                }
             }
         }
         TabStop {
@@ -173,6 +177,5 @@ FocusScope {
         undo: root.model.undo
         offer: root.model.offer
         onPassed: forward => root.leaveBars(forward)
-        onVacated: root.returnFocus()
     }
 }

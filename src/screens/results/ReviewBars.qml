@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Window
 import Brindlet.Screens
 
-// What the session offers after a correction, floating over the foot of the page. The keyboard comes
-// here from a place of its own in the order of Tab and goes on from there: in the order of the items
-// the bars would stand behind everything on the page.
+// What the session offers after a correction, floating over the foot of the page. The keyboard
+// comes here from a place of its own in the order of Tab and goes on from there: in the order of
+// the items the bars would stand behind everything on the page.
 Item {
     id: root
 
@@ -14,19 +13,11 @@ Item {
     readonly property bool settled: undoBar.settled && offerBar.settled
     // How much of the page they cover.
     readonly property real covered: shown ? height + Theme.space5 : 0
-    readonly property Item focusItem: Window.activeFocusItem
-    readonly property bool buttonGone: focusItem !== null && !focusItem.visible
     // The keyboard goes on beyond the last button, or back before the first.
     signal passed(forward: bool)
-    // The button that had the keyboard is gone.
-    signal vacated
 
     height: column.height
 
-    onButtonGoneChanged: {
-        if (root.buttonGone)
-            Qt.callLater(root.vacated);
-    }
     Keys.onTabPressed: root.step(1)
     Keys.onBacktabPressed: root.step(-1)
 

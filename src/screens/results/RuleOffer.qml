@@ -24,6 +24,10 @@ FloatingBar {
         return all;
     }
 
+    function adopt(button: OfferButton): void {
+        button.clicked.connect(() => root.model.press(button.index));
+    }
+
     Symbol {
         x: 18
         y: root.beside ? (root.height - height) / 2 : 17
@@ -54,13 +58,15 @@ FloatingBar {
             objectName: "explanation"
             width: parent.width
             visible: text !== ""
-            text: root.model.explanation
+            // Led by a mark of direction: it may begin with words in a script from the right.
+            text: root.model.explanation === "" ? "" : "\u200e" + root.model.explanation
             size: Theme.smallSize
             color: Theme.ink2
             wrapMode: Text.WordWrap
             maximumLineCount: 2
             elide: Text.ElideRight
             lineHeight: 1.15
+            Accessible.name: root.model.explanation
         }
     }
     Row {
@@ -74,25 +80,9 @@ FloatingBar {
             id: repeater
 
             model: root.model.buttons
+            onItemAdded: (index, item) => root.adopt(item as OfferButton)
 
-            GhostButton {
-                id: button
-
-                required property int index
-                required property string label
-                required help
-                // The last one declines.
-                readonly property bool declines: index === repeater.count - 1
-
-                objectName: "offer" + index
-                focusPolicy: Qt.ClickFocus
-                text: label
-                boxed: !declines
-                tint: declines ? Theme.ink2 : index === 0 ? Theme.lavenderInk : Theme.blueInk
-                onClicked: root.model.press(button.index)
-
-                Accessible.focusable: true
-            }
+            OfferButton {}
         }
     }
 

@@ -13,6 +13,7 @@ ColumnLayout {
     required property string line
     required property bool stopping
     required property string stopDescription
+    // The model itself, for the buttons.
     required property CalibrationRowsModel rows
 
     spacing: 0
@@ -34,6 +35,7 @@ ColumnLayout {
         ToneTag {
             Layout.alignment: Qt.AlignTop
             Layout.topMargin: 1
+            Layout.preferredWidth: 46
             text: root.badge
             tone: root.badgeTone
         }

@@ -18,6 +18,8 @@ QVariant CalibrationRowsModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     const auto& row = rows_[static_cast<std::size_t>(index.row())];
     switch (role) {
+        case RowsRole:
+            return QVariant::fromValue(self_);
         case BadgeRole:
             return qtText(row.badge.text);
         case BadgeToneRole:
@@ -37,9 +39,13 @@ QVariant CalibrationRowsModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> CalibrationRowsModel::roleNames() const {
-    return {{BadgeRole, "badge"},       {BadgeToneRole, "badgeTone"},
-            {CategoryRole, "category"}, {LineRole, "line"},
-            {StoppingRole, "stopping"}, {StopDescriptionRole, "stopDescription"}};
+    return {{RowsRole, "rows"},
+            {BadgeRole, "badge"},
+            {BadgeToneRole, "badgeTone"},
+            {CategoryRole, "category"},
+            {LineRole, "line"},
+            {StoppingRole, "stopping"},
+            {StopDescriptionRole, "stopDescription"}};
 }
 
 void CalibrationRowsModel::refresh() {

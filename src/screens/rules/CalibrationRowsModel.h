@@ -28,7 +28,8 @@ class CalibrationRowsModel : public QAbstractListModel {
 
   public:
     enum Role {
-        BadgeRole = Qt::UserRole + 1,
+        RowsRole = Qt::UserRole + 1,  // this model, for the buttons of a row
+        BadgeRole,
         BadgeToneRole,
         CategoryRole,
         LineRole,
@@ -66,6 +67,8 @@ class CalibrationRowsModel : public QAbstractListModel {
     std::optional<Category> categoryAt(int row) const;
     void tellAll();
 
+    // What `data` hands out though it may not change it itself.
+    CalibrationRowsModel* const self_ = this;
     AppState& state_;
     std::vector<CalibrationWords> rows_;
     std::optional<Category> stopping_;

@@ -7,9 +7,6 @@ RowList {
     id: root
 
     required property RuleRowsModel rules
-    // Where the rows lie in a list that is wider than they are.
-    property real rowWidth: width
-    readonly property real rowX: Math.round((width - rowWidth) / 2)
 
     model: rules
     name: rules.listName
@@ -17,6 +14,11 @@ RowList {
     // Where the arrow keys begin.
     currentIndex: 0
 
+    // What stands above the rows comes into sight with the first of them.
+    onCurrentIndexChanged: {
+        if (root.currentIndex === 0 && Theme.keyboardLeads)
+            root.contentY = root.originY - root.topMargin;
+    }
     onRowChosen: row => root.rules.choose(row)
     onRowTapped: row => root.rules.choose(row)
     Keys.onRightPressed: root.rules.setOpen(root.currentIndex, true)
@@ -30,8 +32,10 @@ RowList {
     Keys.onDeletePressed: root.rules.toggleMark(root.currentIndex)
     // What a Mac calls Delete.
     Keys.onPressed: event => {
-        if (event.key === Qt.Key_Backspace)
-            root.rules.toggleMark(root.currentIndex);
+        if (event.key !== Qt.Key_Backspace)
+            return;
+        root.rules.toggleMark(root.currentIndex);
+        event.accepted = true;
     }
 
     delegate: RuleListRow {}

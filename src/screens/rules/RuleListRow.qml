@@ -6,6 +6,7 @@ import Brindlet.Screens
 Item {
     id: root
 
+    required property RuleRowsModel rules
     required property int index
     required property int kind
     required property string title
@@ -26,7 +27,7 @@ Item {
     required property bool canTick
     required property bool first
     required property bool last
-    readonly property RuleList list: ListView.view as RuleList
+    readonly property RowList list: ListView.view as RowList
     readonly property bool isCurrent: ListView.isCurrentItem
     readonly property bool isHeading: kind === RuleRowsModel.Heading
     readonly property bool isRule: kind === RuleRowsModel.RuleItem
@@ -35,12 +36,12 @@ Item {
     readonly property bool hasKeyboard: Theme.keyboardLeads && activeFocus
 
     width: list ? list.width : 0
-    implicitHeight: content.implicitHeight + (isHeading ? Theme.space5 + Theme.space2 : 0)
+    implicitHeight: isRule ? 58 : isMessage ? Theme.rowHeight : isHeading ? 46 : 36
 
     Item {
         id: slice
 
-        x: root.list ? root.list.rowX : 0
+        anchors.horizontalCenter: parent.horizontalCenter
         width: root.list ? root.list.rowWidth : 0
         height: parent.height
         clip: !root.isHeading
@@ -65,58 +66,59 @@ Item {
         Rectangle {
             anchors.fill: parent
             anchors.margins: 3
-            visible: root.isRule || root.isMessage
             radius: Theme.rowRadius
-            color: hover.hovered ? Theme.hover : "transparent"
+            color: hover.hovered && (root.isRule || root.isMessage) ? Theme.hover : "transparent"
             border.width: root.hasKeyboard ? 2 : 0
             border.color: Theme.lavenderInk
         }
-        Loader {
-            id: content
-
-            width: parent.width
-            y: root.isHeading ? Theme.space5 : 0
-            sourceComponent: root.isHeading ? heading : root.isRule ? rule
-                           : root.isMessage ? message : narrow
-        }
-        HoverHandler {
-            id: hover
-        }
-    }
-    Component {
-        id: heading
-
         SectionLabel {
+            y: Theme.space5
+            width: parent.width
+            visible: root.isHeading
             text: root.title
             note: root.detail
             Accessible.ignored: true
         }
-    }
-    Component {
-        id: rule
-
         RuleRow {
-            row: root
+            width: parent.width
+            visible: root.isRule
+            rules: root.rules
+            index: root.index
+            sender: root.title
+            line: root.detail
+            verdict: root.pill
+            verdictTone: root.pillTone
+            flipHelp: root.pillHelp
+            here: root.here
+            hits: root.hits
+            canOpen: root.canOpen
+            open: root.open
+            held: root.held
+            ofSession: root.ofSession
+            marked: root.marked
+            isCurrent: root.isCurrent
         }
-    }
-    Component {
-        id: message
-
         RuleMessage {
-            row: root
+            width: parent.width
+            visible: root.isMessage
+            subject: root.title
+            sender: root.detail
+            tickSymbol: root.tickSymbol
+            tickHelp: root.tickHelp
+            hovered: root.isHovered
+            hasKeyboard: root.hasKeyboard
         }
-    }
-    Component {
-        id: narrow
-
         Txt {
-            topPadding: Theme.space1
-            bottomPadding: Theme.space4
-            leftPadding: 46
+            x: 46
+            y: Theme.space1
+            visible: root.kind === RuleRowsModel.Narrow
             text: root.title
             size: Theme.smallSize
             color: Theme.ink3
             Accessible.ignored: true
+        }
+        HoverHandler {
+            id: hover
         }
     }
 
@@ -128,6 +130,6 @@ Item {
     Accessible.focusable: true
     Accessible.checkable: root.canTick
     Accessible.checked: root.tickSymbol === "checkmark.square.fill"
-    Accessible.onPressAction: root.list.rules.choose(root.index)
-    Accessible.onToggleAction: root.list.rules.choose(root.index)
+    Accessible.onPressAction: root.rules.choose(root.index)
+    Accessible.onToggleAction: root.rules.choose(root.index)
 }

@@ -5,26 +5,31 @@ import Brindlet.Screens
 Item {
     id: root
 
-    required property RuleListRow row
-    readonly property bool ticked: row.tickSymbol === "checkmark.square.fill"
+    required property string subject
+    required property string sender
+    required property string tickSymbol
+    required property string tickHelp
+    required property bool hovered
+    required property bool hasKeyboard
+    readonly property bool ticked: tickSymbol === "checkmark.square.fill"
 
-    implicitHeight: Theme.rowHeight
+    height: parent.height
 
     TickSymbol {
         id: tick
 
         anchors.verticalCenter: parent.verticalCenter
         x: 46
-        symbol: root.row.tickSymbol
-        hovered: root.row.isHovered
+        symbol: root.tickSymbol
+        hovered: root.hovered
 
         HoverHandler {
             id: hover
         }
         HelpSpot {
             control: tick
-            text: root.row.tickHelp
-            wanted: hover.hovered || root.row.hasKeyboard
+            text: root.tickHelp
+            wanted: hover.hovered || root.hasKeyboard
         }
     }
     Column {
@@ -37,7 +42,7 @@ Item {
 
         Txt {
             width: parent.width
-            text: root.row.title
+            text: root.subject
             size: Theme.rowSize
             weight: Font.Medium
             color: root.ticked ? Theme.ink : Theme.ink2
@@ -48,7 +53,7 @@ Item {
         }
         Txt {
             width: parent.width
-            text: root.row.detail
+            text: root.sender
             size: 11
             color: Theme.ink3
             horizontalAlignment: Text.AlignLeft

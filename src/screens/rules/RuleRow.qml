@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import QtQuick.Templates as T
 import Brindlet.Screens
 
@@ -8,12 +7,25 @@ import Brindlet.Screens
 Item {
     id: root
 
-    required property RuleListRow row
-    readonly property RuleRowsModel rules: row.list.rules
+    required property RuleRowsModel rules
+    required property int index
+    required property string sender
+    required property string line
+    required property string verdict
+    required property int verdictTone
+    required property string flipHelp
+    required property string here
+    required property string hits
+    required property bool canOpen
+    required property bool open
+    required property bool held
+    required property bool ofSession
+    required property bool marked
+    required property bool isCurrent
     readonly property RuleControlsText controls: rules.controls
-    readonly property int focusOfButtons: row.isCurrent ? Qt.TabFocus : Qt.NoFocus
+    readonly property int focusOfButtons: isCurrent ? Qt.TabFocus : Qt.NoFocus
 
-    implicitHeight: 58
+    height: parent.height
 
     T.Button {
         id: chevron
@@ -25,9 +37,9 @@ Item {
         height: 28
         focusPolicy: Qt.NoFocus
         hoverEnabled: true
-        enabled: root.row.canOpen
+        enabled: root.canOpen
         opacity: enabled ? 1 : 0.3
-        onClicked: root.rules.choose(root.row.index)
+        onClicked: root.rules.choose(root.index)
 
         background: Rectangle {
             radius: Theme.rowRadius
@@ -38,7 +50,7 @@ Item {
                 anchors.centerIn: parent
                 symbol: "chevron.down"
                 size: 15
-                rotation: root.row.open ? 0 : -90
+                rotation: root.open ? 0 : -90
 
                 Behavior on rotation {
                     NumberAnimation {
@@ -57,63 +69,69 @@ Item {
         Accessible.name: root.controls.showHelp
         Accessible.onPressAction: chevron.clicked()
     }
-    ColumnLayout {
+    Column {
+        id: words
+
         anchors.verticalCenter: parent.verticalCenter
         anchors.left: chevron.right
         anchors.leftMargin: Theme.space1
         anchors.right: side.left
         anchors.rightMargin: Theme.space3
         spacing: 1
-        opacity: root.row.marked ? 0.6 : 1
+        opacity: root.marked ? 0.6 : 1
 
-        RowLayout {
-            Layout.fillWidth: true
+        Row {
             spacing: Theme.space2
 
             Txt {
-                Layout.fillWidth: true
-                Layout.maximumWidth: Math.ceil(implicitWidth)
-                text: root.row.title
+                anchors.verticalCenter: parent.verticalCenter
+                width: Math.min(Math.ceil(implicitWidth), words.width - marks.width - Theme.space2)
+                text: root.sender
                 weight: Font.DemiBold
-                font.strikeout: root.row.marked
+                font.strikeout: root.marked
                 horizontalAlignment: Text.AlignLeft
                 maximumLineCount: 1
                 elide: Text.ElideMiddle
                 Accessible.ignored: true
             }
-            VerdictPill {
-                objectName: "flip"
-                focusPolicy: root.focusOfButtons
-                text: root.row.pill
-                tone: root.row.pillTone
-                help: root.row.pillHelp
-                onClicked: root.rules.flip(root.row.index)
-            }
-            Txt {
-                text: root.row.here
-                size: Theme.smallSize
-                weight: Font.Medium
-                color: Theme.ink2
-                visible: text !== ""
-                Accessible.ignored: true
-            }
-            Txt {
-                text: root.row.hits
-                size: Theme.smallSize
-                weight: Font.Medium
-                color: Theme.ink3
-                visible: text !== ""
-                Accessible.ignored: true
-            }
-            Item {
-                Layout.fillWidth: true
+            Row {
+                id: marks
+
+                spacing: Theme.space2
+
+                VerdictPill {
+                    objectName: "flip"
+                    focusPolicy: root.focusOfButtons
+                    text: root.verdict
+                    tone: root.verdictTone
+                    help: root.flipHelp
+                    onClicked: root.rules.flip(root.index)
+                }
+                Txt {
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: text !== ""
+                    text: root.here
+                    size: Theme.smallSize
+                    weight: Font.Medium
+                    color: Theme.ink2
+                    Accessible.ignored: true
+                }
+                Txt {
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: text !== ""
+                    text: root.hits
+                    size: Theme.smallSize
+                    weight: Font.Medium
+                    color: Theme.ink3
+                    Accessible.ignored: true
+                }
             }
         }
         Txt {
-            Layout.fillWidth: true
-            text: root.row.detail
+            width: parent.width
+            text: root.line
             size: Theme.smallSize
-            color: root.row.marked || root.row.held ? Theme.orangeInk : Theme.ink3
+            color: root.marked || root.held ? Theme.orangeInk : Theme.ink3
             horizontalAlignment: Text.AlignLeft
             maximumLineCount: 1
             elide: Text.ElideRight
@@ -130,29 +148,29 @@ Item {
 
         GhostButton {
             objectName: "enable"
-            visible: root.row.held
+            visible: root.held
             focusPolicy: root.focusOfButtons
             text: root.controls.enable
             help: root.controls.enableHelp
             boxed: true
             tint: Theme.orangeInk
-            onClicked: root.rules.enable(root.row.index)
+            onClicked: root.rules.enable(root.index)
         }
         GhostButton {
             objectName: "promote"
-            visible: root.row.ofSession
+            visible: root.ofSession
             focusPolicy: root.focusOfButtons
             text: root.controls.promote
             help: root.controls.promoteHelp
-            onClicked: root.rules.promote(root.row.index)
+            onClicked: root.rules.promote(root.index)
         }
         GhostButton {
             objectName: "mark"
             focusPolicy: root.focusOfButtons
-            symbol: root.row.marked ? root.controls.unmarkSymbol : root.controls.markSymbol
-            tint: root.row.marked ? Theme.orangeInk : Theme.ink3
-            help: root.row.marked ? root.controls.unmarkHelp : root.controls.markHelp
-            onClicked: root.rules.toggleMark(root.row.index)
+            symbol: root.marked ? root.controls.unmarkSymbol : root.controls.markSymbol
+            tint: root.marked ? Theme.orangeInk : Theme.ink3
+            help: root.marked ? root.controls.unmarkHelp : root.controls.markHelp
+            onClicked: root.rules.toggleMark(root.index)
         }
     }
 }

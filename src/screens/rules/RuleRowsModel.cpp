@@ -42,6 +42,8 @@ QVariant RuleRowsModel::data(const QModelIndex& index, int role) const {
     const auto place = static_cast<std::size_t>(index.row());
     const auto& row = rows_[place];
     switch (role) {
+        case RulesRole:
+            return QVariant::fromValue(self_);
         case KindRole:
             return row.kind;
         case FirstRole:
@@ -91,7 +93,8 @@ QVariant RuleRowsModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> RuleRowsModel::roleNames() const {
-    return {{KindRole, "kind"},
+    return {{RulesRole, "rules"},
+            {KindRole, "kind"},
             {TitleRole, "title"},
             {DetailRole, "detail"},
             {DescriptionRole, "description"},

@@ -37,7 +37,8 @@ class RuleRowsModel : public QAbstractListModel {
     enum Kind { Heading, RuleItem, Message, Narrow };
     Q_ENUM(Kind)
     enum Role {
-        KindRole = Qt::UserRole + 1,
+        RulesRole = Qt::UserRole + 1,  // this model, for the buttons of a row
+        KindRole,
         TitleRole,        // a heading's label, a rule's sender, a message's subject, a line
         DetailRole,       // a heading's note, the line under a rule, a message's sender
         DescriptionRole,  // what a screen reader says besides the title
@@ -127,6 +128,8 @@ class RuleRowsModel : public QAbstractListModel {
     Face ruleFace(const Item& item) const;
     Face messageFace(std::uint32_t verdict) const;
 
+    // What `data` hands out though it may not change it itself.
+    RuleRowsModel* const self_ = this;
     AppState& state_;
     const Sections sectionsOf_;
     RuleControlsText controls_;

@@ -18,35 +18,35 @@ FocusScope {
     // Scrolls to what the keyboard came to above the list; the list sees to its own rows. Not for
     // the mouse: a button that moves away under the pointer is not clicked.
     function reveal(): void {
-        if (!Theme.keyboardLeads || root.focusItem === null || !head.isAncestor(root.focusItem))
+        if (!Theme.keyboardLeads || !root.isAbove(root.focusItem))
             return;
         const top = root.focusItem.mapToItem(head, 0, 0).y - Theme.space5;
-        const bottom = top + root.focusItem.height + 2 * Theme.space5 - list.height;
-        const shown = list.contentY - list.originY;
-        list.contentY = list.originY + Math.max(0, Math.min(Math.max(shown, bottom), top));
+        const least = top + root.focusItem.height + 2 * Theme.space5 - list.height;
+        list.contentY -= head.y + Math.max(0, Math.min(Math.max(-head.y, least), top));
     }
 
-    // Rolls with the list as its header does, but stands outside of it, so that Tab passes through
-    // it before the rows.
+    function isAbove(item: Item): bool {
+        for (let up = item; up !== null; up = up.parent) {
+            if (up === head)
+                return true;
+        }
+        return false;
+    }
+
+    // Rolls with the rows as a header of theirs would, but stands outside of the list, so that Tab
+    // passes through it first.
     Item {
         id: head
 
-        function isAncestor(item: Item): bool {
-            for (let it = item; it !== null; it = it.parent)
-                if (it === head)
-                    return true;
-            return false;
-        }
-
         width: root.width
         height: page.y + page.height
-        y: list.headerItem ? list.headerItem.y - list.contentY : 0
+        y: list.originY - list.topMargin - list.contentY
         z: 1
 
         ColumnLayout {
             id: page
 
-            x: list.rowX
+            anchors.horizontalCenter: parent.horizontalCenter
             y: Theme.space5
             width: list.rowWidth
             spacing: Theme.space3
@@ -122,15 +122,22 @@ FocusScope {
 
                         CalibrationRow {
                             Layout.fillWidth: true
-                            rows: root.model.learned
                         }
                     }
                 }
             }
+            Hero {
+                Layout.alignment: Qt.AlignHCenter
+                Layout.topMargin: Theme.space7
+                visible: nothing.visible
+                symbol: "wand.and.stars"
+            }
             Txt {
+                id: nothing
+
                 objectName: "nothing"
                 Layout.fillWidth: true
-                Layout.topMargin: Theme.space7
+                Layout.topMargin: Theme.space3
                 visible: text !== ""
                 horizontalAlignment: Text.AlignHCenter
                 text: root.model.nothing
@@ -144,18 +151,22 @@ FocusScope {
     RuleList {
         id: list
 
+        // Before the present one.
+        property real lastMargin: 0
+
         objectName: "rules"
         anchors.fill: parent
         rules: root.model.rules
         rowWidth: Math.min(root.width - 2 * Theme.space6, Theme.measure)
 
-        header: Item {
-            width: list.width
-            height: head.height
-        }
-        footer: Item {
-            width: list.width
-            height: Theme.space6
+        topMargin: head.height
+        bottomMargin: Theme.space6
+
+        // What grows above the rows moves them and not itself.
+        onTopMarginChanged: {
+            if (head.y > -head.height)
+                list.contentY -= list.topMargin - list.lastMargin;
+            list.lastMargin = list.topMargin;
         }
     }
 }

@@ -247,6 +247,24 @@ TEST(HistoryModel, LeavingFallsBackToTheFirstStepsAndClosesAll) {
     EXPECT_EQ(past.bin().size(), 2U) << "asked anew";
 }
 
+TEST(HistoryModel, MarkedRulesAreForgottenWhenTheViewIsLeft) {
+    Past past(scenes::taughtHistory);
+    auto& rules = *past.model.rules();
+    const QAbstractItemModelTester tester(&rules, FailureMode::Fatal);
+    ASSERT_EQ(rules.rowCount(), 4) << "those of the session are not among them";
+    const auto kept = past.state->rules.all->at(0);
+    rules.toggleMark(0);
+    rules.toggleMark(1);
+    rules.toggleMark(0);
+    past.model.refresh();
+    EXPECT_EQ(past.state->rules.all->size(), 4U);
+    past.model.leave();
+    ASSERT_EQ(past.state->rules.all->size(), 3U);
+    EXPECT_EQ(past.state->rules.all->at(0), kept);
+    past.model.leave();
+    EXPECT_EQ(past.state->rules.all->size(), 3U) << "the marks went with the view";
+}
+
 TEST(HistoryModel, AScanWhoseFileIsGoneCannotBePutOnScreen) {
     Past past;
     past.model.setOpen(0, true);

@@ -17,6 +17,7 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"open results", scenes::openResults},
     {"stopped scan", scenes::stoppedScan},
     {"history", scenes::history},
+    {"taught history", scenes::taughtHistory},
     {"empty history", scenes::emptyHistory},
     {"no rules", scenes::noRules},
     {"rules", scenes::rules},

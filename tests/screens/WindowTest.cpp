@@ -24,11 +24,12 @@ const std::vector<Scene> allScenes{
     {"stopped scan", scenes::stoppedScan},
     {"corrected results", scenes::correctedResults},
     {"nothing found", scenes::nothingFound},
-    {"no rules", scenes::noRules},
-    {"rules", scenes::rules},
     {"history", scenes::history},
     {"long history", scenes::longHistory},
+    {"taught history", scenes::taughtHistory},
     {"empty history", scenes::emptyHistory},
+    {"no rules", scenes::noRules},
+    {"rules", scenes::rules},
 };
 
 class EveryScreen : public ::testing::TestWithParam<Scene> {};

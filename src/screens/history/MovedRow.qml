@@ -36,6 +36,7 @@ Item {
             text: root.subject
             size: Theme.rowSize
             weight: Font.Medium
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             Accessible.ignored: true
         }
@@ -44,6 +45,7 @@ Item {
             text: root.sender
             size: 11
             color: Theme.ink3
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             Accessible.ignored: true
         }

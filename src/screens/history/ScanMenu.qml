@@ -18,10 +18,10 @@ ContextMenu {
             root.scan.forceActiveFocus();
     }
 
-    function ask(scan: ScanRow, place: point): void {
-        scan.forceActiveFocus();
-        root.scan = scan;
-        root.popup(scan, place.x, place.y);
+    function ask(asked: ScanRow, place: point): void {
+        asked.forceActiveFocus();
+        root.scan = asked;
+        root.popup(asked, place.x, place.y);
         if (Theme.keyboardLeads)
             root.currentIndex = 0;
     }

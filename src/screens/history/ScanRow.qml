@@ -154,4 +154,5 @@ StackRow {
 
     Accessible.name: root.date + ", " + root.place
     Accessible.description: root.description
+    Accessible.onPressAction: root.pressed()
 }

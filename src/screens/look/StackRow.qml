@@ -1,7 +1,7 @@
 import QtQuick
 
-// A row of a stack, of any height. Where the row goes when it is pressed is its own affair; Tab goes
-// on to the controls in it while it is the current one.
+// A row of a stack, of any height. Tells what is asked of it by key; what that does is the row's own
+// affair.
 Item {
     id: root
 
@@ -9,15 +9,17 @@ Item {
     // Set by the stack.
     property bool current: false
     readonly property bool hasKeyboard: activeFocus && Theme.keyboardLeads
-    // What controls in the row take: all of them together are one stop less for each other row.
+    // For the controls in the row: Tab comes by those of the current row alone.
     readonly property int controlFocus: current ? Qt.StrongFocus : Qt.ClickFocus
 
+    // By Space or Return.
     signal pressed
-    // By the arrow keys.
+    // By Right and Left.
     signal opened
     signal closed
+    // By Delete, or what a Mac calls so.
     signal deletePressed
-    // At a place of the row.
+    // By the menu key or Shift+F10, at a place of the row.
     signal menuAsked(place: point)
 
     activeFocusOnTab: current
@@ -58,6 +60,4 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.focusable: true
-    Accessible.focused: root.activeFocus
-    Accessible.onPressAction: root.pressed()
 }

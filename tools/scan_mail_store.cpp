@@ -115,7 +115,7 @@ int scan(const Arguments& arguments, std::int64_t limit, const std::string& reac
         std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 
     for (const auto& verdict : *state->verdicts)
-        printVerdict(verdict, state->approved->count(verdict.id) > 0);
+        printVerdict(verdict, state->approved->contains(verdict.id));
     std::fprintf(stderr, "%zu messages: %lld junk, %lld protected, %lld skipped\n",
                  state->verdicts->size(), static_cast<long long>(state->verdicts->junkCount()),
                  static_cast<long long>(state->verdicts->vetoedCount()),

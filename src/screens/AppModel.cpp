@@ -48,6 +48,7 @@ void AppModel::setDark(bool dark) {
 void AppModel::refresh() {
     const auto next = screenFor(*state_.screen);
     const bool appears = next != screen_;
+    if (appears && screen_ == Results) results_.leave();
     switch (next) {
         case Welcome:
         case Permission:

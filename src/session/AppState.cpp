@@ -114,6 +114,47 @@ std::int64_t AppState::decidedInFolder() const {
     return isJunkFolder() ? seen.junkCount(label, name) : seen.count(label, name);
 }
 
+const VerdictIndex& AppState::index() const {
+    if (indexed_ != verdicts.revision()) {
+        index_ = std::make_shared<const VerdictIndex>(*verdicts);
+        indexed_ = verdicts.revision();
+    }
+    return *index_;
+}
+
+const VerdictSplit& AppState::split() const {
+    const std::pair now(verdicts.revision(), movedAlready.revision());
+    if (splitOf_ != now) {
+        split_ = VerdictSplit(*verdicts, *movedAlready);
+        splitOf_ = now;
+    }
+    return split_;
+}
+
+const std::vector<std::uint32_t>& AppState::remainingVerdicts() const {
+    return split().remaining;
+}
+
+const std::vector<std::uint32_t>& AppState::movedVerdicts() const {
+    return split().moved;
+}
+
+std::int64_t AppState::remainingJunk() const {
+    return split().junk;
+}
+
+std::int64_t AppState::remainingKept() const {
+    return split().kept;
+}
+
+std::int64_t AppState::tickedCount(Category category) const {
+    return static_cast<std::int64_t>(approved->countCommon(split().remainingOf(category)));
+}
+
+bool AppState::resultsEmpty() const {
+    return !*scanError && remainingVerdicts().empty() && movedVerdicts().empty() && !*moving;
+}
+
 void AppState::drainWrites() {
     scanFiles_.drain();
 }

@@ -1,14 +1,19 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "base/EnumInfo.h"
+#include "base/IdSet.h"
 #include "base/Observable.h"
 #include "base/Task.h"
 #include "classify/Classifier.h"
@@ -17,7 +22,12 @@
 #include "mail/Reach.h"
 #include "platform/Power.h"
 #include "platform/Services.h"
+#include "platform/UserDefaults.h"
+#include "session/FamilyTemplates.h"
+#include "session/Review.h"
+#include "session/VerdictIndex.h"
 #include "session/VerdictList.h"
+#include "session/VerdictSplit.h"
 #include "stores/Calibration.h"
 #include "stores/Destinations.h"
 #include "stores/History.h"
@@ -26,6 +36,8 @@
 #include "stores/Seen.h"
 
 namespace brindlet {
+
+struct KinAnswers;
 
 /// The one session object. Screens read its fields and call its operations; it owns the stores and
 /// starts all work that takes time. Main thread only; background work gets copies and comes back
@@ -45,7 +57,16 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
         history,
         rules,
     };
-    using Ids = std::unordered_set<std::int64_t>;
+    using Ids = IdSet;
+    using PendingRule = brindlet::PendingRule;
+    using Sweep = brindlet::Sweep;
+    /// Where the last finished move of the scan on show went.
+    struct PastMove {
+        std::string from;
+        std::string to;
+
+        friend bool operator==(const PastMove&, const PastMove&) = default;
+    };
 
     /// Loads the stores before it returns. The adapters outlive the session and its tasks.
     static std::shared_ptr<AppState> make(Services services, int readers = 8);
@@ -75,11 +96,21 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// Seconds left.
     Published<std::optional<double>> eta{*this};
     Published<VerdictList> verdicts{*this};
+    /// By sender key, as far as they were asked for; emptied whenever `verdicts` changes.
+    std::unordered_map<std::string, FamilyTemplates> families;
     Published<bool> running{*this};
     /// The category open in the results.
     Published<std::optional<Category>> expand{*this};
     /// The ticked messages, by row id.
     Published<Ids> approved{*this};
+    Published<std::optional<PastMove>> pastMove{*this};
+    /// Message-IDs of what was moved out of this scan.
+    Published<std::unordered_set<std::string>> movedAlready{*this};
+    Published<bool> moving{*this};
+    Published<std::int64_t> movedCount{*this};
+    Published<std::int64_t> moveTotal{*this};
+    Published<std::string> moveStage{*this};
+    Published<std::string> moveNote{*this};
     Published<std::optional<std::string>> moveError{*this};
 
   private:
@@ -99,6 +130,20 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     History& history;
     Seen& seen;
     Published<std::int64_t> skipped{*this};
+    /// How often the person taught something since the scan.
+    Published<std::int64_t> learned{*this};
+    /// The offer on show.
+    Published<std::optional<PendingRule>> pending{*this};
+    /// What the undo bar can undo; outlives a new scan.
+    Published<std::optional<Sweep>> lastSweep{*this};
+    /// Sender groups and categories that were opened and left, the latest last.
+    Published<std::vector<std::string>> reviewed{*this};
+    Published<std::vector<std::string>> reviewedCats{*this};
+    /// Messages that the person handled, oldest first, at most 2000.
+    Published<std::vector<std::int64_t>> touched{*this};
+    std::unordered_set<std::int64_t> touchedSet;
+    /// Moved messages that the person chose to return.
+    Published<Ids> putBack{*this};
 
     /// The permission test and the way on from the welcome.
     void pressOn();
@@ -122,8 +167,45 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     void startScan(std::optional<MailAccount> account, std::optional<MailFolder> folder);
     void stopScan();
     std::optional<std::string> etaText() const;
+    /// Saves the ticks in a moment, once for a burst of changes.
     void persistSoon();
 
+    /// Ticks or unticks one message, learns from it and offers the same for its like. It does not
+    /// refuse a message without a Message-ID; screens do.
+    void toggleMessage(std::int64_t id);
+    /// All messages of the category that have a Message-ID, moved ones included. Learns nothing.
+    void setCategoryTicked(Category category, bool tick);
+    /// `learn` is false for a filtered list: what happens to match says nothing of a sender.
+    void setMessagesTicked(const std::vector<std::int64_t>& ids, bool tick, bool learn);
+    void applyPendingRule(const PendingRule& offer, bool learn, SweepChoice choice);
+    void dismissPending();
+    void undoSweep();
+    /// Remembers what was opened and left: a sender group by its key, a category.
+    void markReviewed(const std::string& group);
+    void markCategoryReviewed(Category category);
+    /// The recurring phrase of the verdict's subject among its sender's mail; may be empty. Mines
+    /// the sender's whole family when it is first asked for.
+    Classifier::Words familyTemplate(const Verdict& verdict);
+    /// Puts a past scan back on screen; does nothing when its file is gone or damaged.
+    void openRecord(const ScanRecord& record);
+
+    /// Where to find what in `verdicts`; made anew when they changed.
+    const VerdictIndex& index() const;
+    /// Positions in `verdicts`, in its order, split by `movedAlready`. Cached.
+    const std::vector<std::uint32_t>& remainingVerdicts() const;
+    const std::vector<std::uint32_t>& movedVerdicts() const;
+    std::int64_t remainingJunk() const;
+    std::int64_t remainingKept() const;
+    std::int64_t protectedCount() const { return verdicts->vetoedCount(); }
+    /// How many remaining messages of the category are ticked.
+    std::int64_t tickedCount(Category category) const;
+    /// Nothing to show and nothing to do.
+    bool resultsEmpty() const;
+
+    /// The latest search for messages like the one corrected, if one was ever started.
+    const std::optional<Task>& kindTask() const { return kindTask_; }
+    /// The latest save put off, if there ever was one.
+    const std::optional<Task>& persistTask() const { return persistTask_; }
     /// `done` over `total`; 0 before there is anything to do.
     double progress() const;
     bool isJunkFolder() const;
@@ -151,6 +233,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// What a scan has found, prepared on its own thread so that the main one has only to take it.
     struct Findings {
         VerdictList verdicts;
+        std::shared_ptr<const VerdictIndex> index;
         Ids ticked;
         /// Message-ID and whether it is junk, of those that have one.
         std::vector<std::pair<std::string, bool>> decided;
@@ -165,6 +248,20 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// What a scan leaves behind, whether it is still the one on show or not.
     ScanRecord recordScan(const Findings& findings);
 
+    const VerdictSplit& split() const;
+    std::function<void()> stamping() const;
+    void persistNow();
+    void sweep(std::string what, std::vector<std::int64_t> ids, bool tick,
+               std::optional<Rule> learnedRule);
+    std::string sweepWords(bool tick, std::size_t count) const;
+    void markTouched(std::int64_t id);
+    void storeReview(std::string_view what, const UserDefaults::Strings& strings);
+    void restoreReviewState();
+    const FamilyTemplates& familyOf(const std::string& key);
+    void findKin(std::uint32_t position);
+    void completeOffer(std::int64_t source, const KinAnswers& answers);
+    void selectRecordAccount(const std::string& label);
+
     Services services_;
     int readers_;
     std::shared_ptr<const MailStore> mail_;
@@ -173,8 +270,14 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::optional<Task> task_;
     std::uint64_t scanNumber_ = 0;  // tells the present scan from one that a newer has replaced
     std::vector<Screen> navStack_;
+    std::optional<Task> kindTask_;
     std::optional<Task> persistTask_;
     std::unique_ptr<Power::Activity> sleepAssertion_;
+    /// What was worked out last, and of which revisions.
+    mutable std::shared_ptr<const VerdictIndex> index_ = std::make_shared<const VerdictIndex>();
+    mutable std::uint64_t indexed_ = 0;
+    mutable VerdictSplit split_;
+    mutable std::pair<std::uint64_t, std::uint64_t> splitOf_;
     /// Writes of scan files, in order: a stamp must find the file that it stamps.
     SerialQueue scanFiles_{TaskPriority::utility};
 };

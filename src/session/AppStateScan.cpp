@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/MainQueue.h"
 #include "session/AppState.h"
+#include "session/Corrections.h"
 #include "session/Scan.h"
 #include "session/ScanStages.h"
 
@@ -85,6 +86,7 @@ class AppState::Port : public ScanPort {
                 self->rate.set(progress.rate);
                 self->eta.set(progress.eta);
                 self->verdicts.set(progress.verdicts);
+                self->families.clear();
             }
             return self != nullptr;
         });
@@ -151,11 +153,18 @@ void AppState::startScan(std::optional<MailAccount> fromAccount,
     navigate(Screen::scanning);
 
     verdicts.set({});
+    families.clear();
     done.set(0);
     total.set(0);
     rate.set(0);
     eta.set(std::nullopt);
+    movedCount.set(0);
+    moveTotal.set(0);
+    moveNote.set({});
     moveError.set(std::nullopt);
+    pending.set(std::nullopt);
+    pastMove.set(std::nullopt);
+    movedAlready.set({});
     scanError.set(std::nullopt);
     stage.set(stages::readingMailbox);
 
@@ -192,21 +201,29 @@ void AppState::failScanUnreadable(std::int64_t readable, std::int64_t rows) {
 
 AppState::Findings::Findings(const VerdictList& found, const MailAccount& scanned,
                              const MailFolder& source, Date start)
-    : verdicts(found), account(scanned), folder(source), started(start) {
-    // In a junk folder a tick says that the message is real mail and should come out.
+    : verdicts(found),
+      index(std::make_shared<const VerdictIndex>(found)),
+      account(scanned),
+      folder(source),
+      started(start) {
     const bool inJunk = source.role == MailFolder::Role::junk;
-    ticked.reserve(found.size());
+    std::vector<std::int64_t> proposed;
+    proposed.reserve(found.size());
     decided.reserve(found.size());
     for (const auto& verdict : found) {
         if (!verdict.messageID) continue;
-        if (verdict.isJunk != inJunk) ticked.insert(verdict.id);
+        if (proposesTick(inJunk, verdict.isJunk)) proposed.push_back(verdict.id);
         decided.emplace_back(*verdict.messageID, verdict.isJunk);
     }
+    ticked = Ids(std::move(proposed));
 }
 
 void AppState::finishScan(Findings findings) {
     endRun();
     verdicts.set(findings.verdicts);
+    families.clear();
+    index_ = findings.index;
+    indexed_ = verdicts.revision();
     approved.set(findings.ticked);
     schedule.setLastRun(services_.clock.now());
     currentRecord = recordScan(findings);
@@ -232,26 +249,36 @@ ScanRecord AppState::recordScan(const Findings& findings) {
         for (const auto& verdict : found)
             saved.push_back({verdict.id, verdict.messageID, verdict.sender, verdict.subject,
                              std::string(rawValue(verdict.category)), verdict.isJunk,
-                             verdict.vetoed, ticked.count(verdict.id) > 0});
+                             verdict.vetoed, ticked.contains(verdict.id)});
         history->writeScan(saved, started);
     });
     return record;
 }
 
+/// A job that saves the ticks as they stand now, on whatever thread it runs.
+std::function<void()> AppState::stamping() const {
+    return [queue = scanFiles_, history = historyOwner_, considered = index().ids(),
+            ticked = *approved, started = currentRecord->started]() mutable {
+        queue.post([history, considered = std::move(considered), ticked = std::move(ticked),
+                    started] { history->stampApproved(considered, ticked, started); });
+    };
+}
+
 void AppState::persistSoon() {
     if (!currentRecord) return;
-    History::Ids considered;
-    for (const auto& verdict : *verdicts) considered.insert(verdict.id);
     if (persistTask_) persistTask_->cancel();
-    persistTask_ = Task::start(
-        TaskPriority::utility,
-        [&clock = services_.clock, queue = scanFiles_, history = historyOwner_,
-         considered = std::move(considered), ticked = *approved,
-         started = currentRecord->started](const CancelToken& token) mutable {
-            if (!clock.sleep(persistDelay, token)) return;
-            queue.post([history, considered = std::move(considered), ticked = std::move(ticked),
-                        started] { history->stampApproved(considered, ticked, started); });
-        });
+    persistTask_ =
+        Task::start(TaskPriority::utility,
+                    [&clock = services_.clock, stamp = stamping()](const CancelToken& token) {
+                        if (clock.sleep(persistDelay, token)) stamp();
+                    });
+}
+
+/// Does at once what `persistSoon` has put off.
+void AppState::persistNow() {
+    if (!persistTask_ || persistTask_->finished()) return;
+    persistTask_->cancel();
+    stamping()();
 }
 
 }  // namespace brindlet

@@ -1,6 +1,7 @@
 #include "stores/History.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "base/Files.h"

@@ -5,9 +5,9 @@
 #include <optional>
 #include <set>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
+#include "base/IdSet.h"
 #include "base/Observable.h"
 #include "platform/Services.h"
 #include "stores/ScanRecord.h"
@@ -52,7 +52,7 @@ class History : public Observable {
     void writeScan(const std::vector<ScanRecord::Saved>& saved, Date started) const;
     /// None when the file is missing or cannot be decoded.
     std::optional<std::vector<ScanRecord::Saved>> readScan(Date started) const;
-    using Ids = std::unordered_set<std::int64_t>;
+    using Ids = IdSet;
     /// Sets `approved` of the messages in `considered`; does nothing when there is no such scan.
     void stampApproved(const Ids& considered, const Ids& approved, Date started) const;
 

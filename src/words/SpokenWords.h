@@ -5,6 +5,7 @@ namespace brindlet::spoken {
 /// What a screen reader says of controls and lists that show no word of their own.
 inline constexpr const char* back = "Back";
 inline constexpr const char* dismiss = "Dismiss";
+inline constexpr const char* clear = "Clear";
 inline constexpr const char* account = "Account";
 inline constexpr const char* howMany = "How many messages";
 inline constexpr const char* mailboxes = "Mailboxes";

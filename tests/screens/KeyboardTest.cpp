@@ -41,7 +41,7 @@ TEST(Keyboard, AListIsOneTabStop) {
     Stage stage(scenes::openResults);
     ASSERT_TRUE(stage.tabTo("messages"));
     stage.press(Qt::Key_Tab);
-    EXPECT_EQ(stage.focused(), QStringLiteral("category2"));
+    EXPECT_EQ(stage.focused(), QStringLiteral("categoryTick2"));
 }
 
 TEST(Keyboard, ReturnAndSpaceBothPressStart) {

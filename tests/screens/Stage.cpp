@@ -19,6 +19,10 @@ void gather(QQuickItem* item, std::vector<QQuickItem*>& all) {
     for (auto* child : item->childItems()) gather(child, all);
 }
 
+QPoint middleOf(const QQuickItem* item) {
+    return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+}
+
 }  // namespace
 
 Stage::Stage(const std::function<void(AppState&)>& prepare)
@@ -49,14 +53,26 @@ QQuickItem* Stage::await(const QString& name) const {
 bool Stage::click(const QString& name) const {
     auto* item = await(name);
     if (!item) return false;
-    const auto middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-    QTest::mouseClick(window(), Qt::LeftButton, {}, middle);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, middleOf(item));
     settle();
     return true;
 }
 
-void Stage::press(Qt::Key key) const {
-    QTest::keyClick(window(), key);
+bool Stage::hover(const QString& name) const {
+    auto* item = await(name);
+    if (!item) return false;
+    QTest::mouseMove(window(), middleOf(item));
+    settle();
+    return true;
+}
+
+void Stage::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
+    QTest::keyClick(window(), key, modifiers);
+    settle();
+}
+
+void Stage::type(const QString& text) const {
+    for (const auto letter : text) QTest::keyClick(window(), letter.toLatin1());
     settle();
 }
 
@@ -194,6 +210,12 @@ void results(AppState& state) {
 void openResults(AppState& state) {
     results(state);
     state.expand.set(Category::newsletterOrDigest);
+}
+
+void correctedResults(AppState& state) {
+    openResults(state);
+    state.setCategoryTicked(Category::billOrPayment, true);
+    state.toggleMessage(2);
 }
 
 void stoppedScan(AppState& state) {

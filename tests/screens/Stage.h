@@ -33,7 +33,10 @@ class Stage {
     /// The same, as soon as it is there and the screens stand still.
     QQuickItem* await(const QString& name) const;
     bool click(const QString& name) const;
-    void press(Qt::Key key) const;
+    /// Lets the pointer rest on it.
+    bool hover(const QString& name) const;
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void type(const QString& text) const;
     /// The name of what has the keyboard; of the list, where it is a list's row.
     QString focused() const;
     /// Tabs until that has the keyboard; false when it never does.
@@ -64,6 +67,8 @@ void pausedScan(AppState& state);
 /// 200 verdicts of the inbox, all junk ticked.
 void results(AppState& state);
 void openResults(AppState& state);
+/// The same after one sweep and one correction: an undo and an offer stand.
+void correctedResults(AppState& state);
 void stoppedScan(AppState& state);
 void nothingFound(AppState& state);
 }  // namespace scenes

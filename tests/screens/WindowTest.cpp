@@ -17,6 +17,7 @@ const std::vector<Scene> allScenes{
     {"no accounts", scenes::noAccounts},     {"scanning", scenes::scanning},
     {"paused scan", scenes::pausedScan},     {"results", scenes::results},
     {"open results", scenes::openResults},   {"stopped scan", scenes::stoppedScan},
+    {"corrected results", scenes::correctedResults},
     {"nothing found", scenes::nothingFound},
 };
 

@@ -6,8 +6,10 @@ ListView {
     id: root
 
     required property string name
-    // By a click, by Space or Return, or by a screen reader.
+    // By Space or Return.
     signal rowChosen(row: int)
+    // By the mouse, at a place of the row.
+    signal rowTapped(row: int, place: point)
 
     clip: true
     activeFocusOnTab: true
@@ -18,6 +20,12 @@ ListView {
     reuseItems: true
     cacheBuffer: 5 * Theme.rowHeight
 
+    onContentYChanged: Help.defer()
+    // An emptied list forgets where the keyboard was.
+    onCountChanged: {
+        if (root.currentIndex < 0 && root.count > 0)
+            root.currentIndex = 0;
+    }
     Keys.onSpacePressed: root.rowChosen(root.currentIndex)
     Keys.onReturnPressed: root.rowChosen(root.currentIndex)
     Keys.onEnterPressed: root.rowChosen(root.currentIndex)
@@ -34,17 +42,18 @@ ListView {
     }
 
     TapHandler {
-        onTapped: point => root.choose(root.contentItem.mapFromItem(null, point.scenePosition))
+        onTapped: point => root.tap(root.contentItem.mapFromItem(null, point.scenePosition))
     }
     T.ScrollBar.vertical: SectionScrollBar {}
 
-    // The row at a place of the content.
-    function choose(place: point): void {
+    // At a place of the content.
+    function tap(place: point): void {
         const row = root.indexAt(place.x, place.y);
         if (row < 0)
             return;
+        root.forceActiveFocus(Qt.MouseFocusReason);
         root.currentIndex = row;
-        root.rowChosen(row);
+        root.rowTapped(row, Qt.point(place.x, place.y - root.itemAtIndex(row).y));
     }
 
     Accessible.role: Accessible.List

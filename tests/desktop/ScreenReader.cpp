@@ -10,6 +10,7 @@
 #include <QDBusVariant>
 #include <QDeadlineTimer>
 #include <QThread>
+#include <algorithm>
 #include <utility>
 
 namespace brindlet::desktop {
@@ -175,6 +176,14 @@ Thing ScreenReader::await(const QString& role, const QString& name,
         [&](const Thing& thing) {
             return thing.role == role && thing.name == name && (!condition || condition(thing));
         });
+}
+
+void ScreenReader::awaitNone(const QString& role, const QString& name) const {
+    awaitAny(QStringLiteral("the end of %1 \"%2\"").arg(role, name), [&](const Thing& whole) {
+        return whole.path == root && std::ranges::none_of(whole.all(), [&](const Thing* thing) {
+                   return thing->role == role && (name.isEmpty() || thing->name == name);
+               });
+    });
 }
 
 void ScreenReader::press(const QString& role, const QString& name) const {

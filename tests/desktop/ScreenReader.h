@@ -55,6 +55,8 @@ class ScreenReader {
     Thing await(const QString& role, const QString& name, const Condition& condition = {}) const;
     /// Waits for the first thing at all that does; `what` is for the failure.
     Thing awaitAny(const QString& what, const Condition& condition) const;
+    /// Waits until there is no such thing; without a name, of any.
+    void awaitNone(const QString& role, const QString& name = {}) const;
 
     void press(const Thing& thing) const;
     /// Waits for it, and presses it.

@@ -21,6 +21,9 @@ class Visit {
     void start() const;
     /// On the screen of the mailboxes.
     void chooseTheWholeInbox() const;
+    /// From the mailboxes to the results of the whole inbox with the first category open; gives
+    /// the button that opened it.
+    Thing openAds() const;
     /// Everything that can be worked on this screen has a name and can be pressed.
     void expectAllCanBePressed() const;
 

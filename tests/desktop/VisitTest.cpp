@@ -2,7 +2,9 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "desktop/Visit.h"
 
@@ -13,6 +15,7 @@ const QString button = QStringLiteral("push button");
 const QString checkBox = QStringLiteral("check box");
 const QString radioButton = QStringLiteral("radio button");
 const QString comboBox = QStringLiteral("combo box");
+const QString alert = QStringLiteral("alert message");
 const QString listItem = QStringLiteral("list item");
 const QString list = QStringLiteral("list");
 const QString label = QStringLiteral("label");
@@ -28,6 +31,39 @@ bool isUnchecked(const Thing& thing) {
 
 ScreenReader::Condition tells(const QString& description) {
     return [=](const Thing& thing) { return thing.description == description; };
+}
+
+/// A message's row tells its sender with the address.
+bool isMessage(const Thing& thing) {
+    return thing.role == checkBox && thing.name.endsWith(u'>');
+}
+
+/// "Ann <ann@house.example>", of a message's row.
+QString senderOf(const Thing& message) {
+    return message.name.section(QStringLiteral(", "), -1);
+}
+
+/// Two different ticked messages of one sender.
+std::pair<Thing, Thing> twoOfOneSender(const Thing& messages) {
+    for (const auto& one : messages.children)
+        for (const auto& other : messages.children)
+            if (isMessage(one) && isMessage(other) && isChecked(one) && isChecked(other) &&
+                one.name != other.name && senderOf(one) == senderOf(other))
+                return {one, other};
+    ADD_FAILURE() << "no two of one sender\n" << messages.printed().toStdString();
+    return {};
+}
+
+/// A question and why it is asked, told at once and again by themselves, and three answers or more.
+bool isOffer(const Thing& bar) {
+    const auto& parts = bar.children;
+    return bar.role == alert && parts.size() >= 5 && parts[0].role == label &&
+           parts[0].name == bar.name && parts[1].role == label &&
+           parts[1].name == bar.description && !bar.name.isEmpty() &&
+           parts[parts.size() - 2].name == QStringLiteral("Always") &&
+           parts[parts.size() - 2].description ==
+               QStringLiteral("Change these, and keep the rule for good") &&
+           parts.back().name == QStringLiteral("Not this time");
 }
 
 TEST(Desktop, LeavesNothingBehind) {
@@ -98,26 +134,107 @@ TEST(VisitByBus, AScanTellsItsShareAndStops) {
     reader.await(button, QStringLiteral("Scan another"));
 }
 
-TEST(VisitByBus, ACategoryOpensToItsMessages) {
+TEST(VisitByBus, ACategoryOpensGroupsAndTicksAsAWhole) {
     const Visit visit;
     const auto& reader = visit.reader();
     visit.start();
-    visit.chooseTheWholeInbox();
-    reader.press(button, QStringLiteral("Sort it"));
-    reader.await(button, QStringLiteral("Scan another"));
-    const auto isAds = [](const Thing& thing) {
-        return thing.name.startsWith(QStringLiteral("Ads & promotions, "));
-    };
-    const auto ads = reader.awaitAny(QStringLiteral("the first category"), isAds);
-    EXPECT_EQ(ads.role.toStdString(), "push button");
-    EXPECT_EQ(ads.description.toStdString(), "JUNK, Collapsed");
+    const auto ads = visit.openAds();
     visit.expectAllCanBePressed();
+
+    const auto bySender = QStringLiteral("By sender");
+    reader.await(button, bySender,
+                 tells(QStringLiteral("One row per sender instead of one per "
+                                      "message")));
+    reader.press(button, bySender);
+    reader.await(button, bySender, isChecked);
+    const auto opener = reader.awaitAny(QStringLiteral("a sender"), [](const Thing& thing) {
+        return thing.role == button &&
+               thing.description.endsWith(QStringLiteral("from this sender, Collapsed"));
+    });
+    visit.expectAllCanBePressed();
+    const auto rows = [&] {
+        const auto messages = reader.await(list, QStringLiteral("Messages"));
+        return messages.children;
+    };
+    EXPECT_FALSE(std::ranges::any_of(rows(), isMessage));
+    reader.press(opener);
+    reader.awaitAny(QStringLiteral("the sender, open"), [&](const Thing& thing) {
+        return thing.role == button && thing.name == opener.name &&
+               thing.description.endsWith(QStringLiteral("Expanded"));
+    });
+    const auto first = reader.awaitAny(QStringLiteral("a message of the sender"), isMessage);
+    const auto sender = [&](const Thing& thing) {
+        return thing.role == checkBox && thing.name.startsWith(opener.name + u',');
+    };
+    EXPECT_TRUE(isChecked(reader.awaitAny(QStringLiteral("the sender's row"), sender)));
+    reader.press(first);
+    reader.awaitAny(QStringLiteral("the sender's row, partly ticked"), [&](const Thing& thing) {
+        return sender(thing) && thing.is(Thing::indeterminate) &&
+               thing.description.contains(QStringLiteral("Tick everything from this sender"));
+    });
+
+    const auto all = QStringLiteral("Ads & promotions");
+    reader.await(checkBox, all, [](const Thing& thing) {
+        return thing.is(Thing::indeterminate) &&
+               thing.description == QStringLiteral("Tick this whole category");
+    });
+    reader.press(checkBox, all);
+    reader.await(label, QStringLiteral("ticked all ads & promotions"));
+    reader.await(checkBox, all, [](const Thing& thing) {
+        return isChecked(thing) &&
+               thing.description == QStringLiteral("Untick this whole category");
+    });
+    reader.awaitAny(QStringLiteral("the sender's row, ticked"),
+                    [&](const Thing& thing) { return sender(thing) && isChecked(thing); });
+    reader.press(button, QStringLiteral("Undo"));
+    reader.await(checkBox, first.name, isUnchecked);
+
     reader.press(ads);
-    reader.await(button, ads.name, tells(QStringLiteral("JUNK, Expanded")));
-    reader.awaitAny(QStringLiteral("a ticked message"),
-                    [](const Thing& thing) { return thing.role == listItem && isChecked(thing); });
-    reader.press(ads);
-    reader.await(button, ads.name, tells(QStringLiteral("JUNK, Collapsed")));
+    reader.await(button, ads.name, tells(QStringLiteral("JUNK, Last reviewed, Collapsed")));
+    const auto jump = reader.await(button, QStringLiteral("Last reviewed"),
+                                   tells(QStringLiteral("Last reviewed - click to jump there")));
+    reader.press(jump);
+    reader.await(button, ads.name, tells(QStringLiteral("JUNK, Last reviewed, Expanded")));
+}
+
+TEST(VisitByBus, ACorrectionIsOfferedForTheOthersAndTakenBack) {
+    const Visit visit;
+    const auto& reader = visit.reader();
+    visit.start();
+    visit.openAds();
+    const auto [one, other] = twoOfOneSender(reader.await(list, QStringLiteral("Messages")));
+
+    reader.press(one);
+    reader.await(checkBox, one.name, [](const Thing& thing) {
+        return isUnchecked(thing) &&
+               thing.description ==
+                   QStringLiteral("Will stay put - Brindlet will remember this sender");
+    });
+    reader.await(button, QStringLiteral("Rules (1)"));
+    const auto offer = reader.awaitAny(QStringLiteral("an offer"),
+                                       [](const Thing& thing) { return thing.role == alert; });
+    visit.expectAllCanBePressed();
+    EXPECT_TRUE(isOffer(offer)) << offer.printed().toStdString();
+    reader.press(button, QStringLiteral("Not this time"));
+    reader.awaitNone(alert);
+    reader.await(checkBox, other.name, isChecked);
+
+    reader.press(one);
+    reader.await(checkBox, one.name, isChecked);
+    reader.press(one);
+    reader.press(button, QStringLiteral("Every Ads & promotions from this sender"));
+    reader.awaitNone(alert);
+    reader.await(checkBox, other.name, isUnchecked);
+    const auto undo = reader.await(button, QStringLiteral("Undo"));
+    const auto count = undo.description.section(u' ', 2, 2);
+    EXPECT_EQ(undo.description.toStdString(),
+              "Put those " + count.toStdString() + " messages back exactly as they were");
+    reader.await(label, QStringLiteral("unticked ") + count);
+
+    reader.press(undo);
+    reader.await(checkBox, other.name, isChecked);
+    reader.await(checkBox, one.name, isUnchecked);
+    reader.awaitNone(button, QStringLiteral("Undo"));
 }
 
 }  // namespace

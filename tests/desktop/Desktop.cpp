@@ -2,7 +2,6 @@
 
 #include <QDBusMessage>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QFile>
 #include <QStandardPaths>
 #include <QThread>
@@ -26,6 +25,10 @@ QString found(const QString& program) {
 const QString displayProgram = QStringLiteral("Xvfb");
 const QString busProgram = QStringLiteral("dbus-daemon");
 const QString launcherProgram = QStringLiteral("at-spi-bus-launcher");
+
+QStringList words(const char* line) {
+    return QString::fromLatin1(line).split(u' ');
+}
 
 /// Asks until the launcher has taken its name on the bus.
 QString accessibilityAddress(const QDBusConnection& session) {
@@ -72,10 +75,9 @@ void Desktop::start() {
                              "DBUS_SYSTEM_BUS_ADDRESS", "XDG_CURRENT_DESKTOP", "DESKTOP_SESSION"})
         environment_.remove(QString::fromLatin1(name));
 
-    display_ = run(displayProgram,
-                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                    QStringLiteral("0"), QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
-                    QStringLiteral("tcp")});
+    // Without a reset when its last client leaves: the next client may come during it.
+    display_ =
+        run(displayProgram, words("-displayfd 1 -screen 0 1280x900x24 -nolisten tcp -noreset"));
     const auto number = display_->line();
     if (number.isEmpty()) {
         problem_ = QStringLiteral("no display: ") + display_->errors();

@@ -107,7 +107,8 @@ std::vector<const Thing*> Thing::all() const {
 }
 
 ScreenReader::ScreenReader(const QDBusConnection& bus, qint64 pid) : bus_(bus) {
-    for (const QDeadlineTimer deadline(patience); !deadline.hasExpired(); QThread::msleep(pause)) {
+    for (const QDeadlineTimer deadline(patience); bus.isConnected() && !deadline.hasExpired();
+         QThread::msleep(pause)) {
         const auto programs = references(
             bus_.call(question(registry, root, accessible, QStringLiteral("GetChildren"))));
         for (const auto& [program, path] : programs) {
@@ -197,6 +198,16 @@ void ScreenReader::press(const Thing& thing) const {
     const auto answer = bus_.call(question(application_, thing.path, action,
                                            QStringLiteral("DoAction"), {static_cast<int>(number)}));
     EXPECT_TRUE(answer.arguments().value(0).toBool()) << thing.printed().toStdString();
+}
+
+void ScreenReader::strike(int key) const {
+    if (testing::Test::HasFailure()) return;
+    constexpr uint bySymbol = 3;
+    const auto answer = bus_.call(
+        question(registry, QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller"),
+                 QStringLiteral("org.a11y.atspi.DeviceEventController"),
+                 QStringLiteral("GenerateKeyboardEvent"), {key, QString(), bySymbol}));
+    EXPECT_EQ(answer.errorMessage().toStdString(), "");
 }
 
 }  // namespace brindlet::desktop

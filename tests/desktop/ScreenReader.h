@@ -61,6 +61,8 @@ class ScreenReader {
     void press(const Thing& thing) const;
     /// Waits for it, and presses it.
     void press(const QString& role, const QString& name) const;
+    /// Strikes a key, by its number among the X key symbols.
+    void strike(int key) const;
 
   private:
     Thing read(const QString& path) const;

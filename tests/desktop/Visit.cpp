@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <iostream>
 
+#include "desktop/Roles.h"
+
 namespace brindlet::desktop {
 namespace {
 
@@ -19,19 +21,17 @@ QProcessEnvironment forWindows(QProcessEnvironment environment) {
 }
 
 /// What is only looked at.
-const QSet<QString> still{
-    QStringLiteral("application"), QStringLiteral("frame"),         QStringLiteral("heading"),
-    QStringLiteral("label"),       QStringLiteral("progress bar"),  QStringLiteral("list"),
-    QStringLiteral("dialog"),      QStringLiteral("alert message"), QStringLiteral("text")};
+const QSet<QString> still{role::application, role::frame,       role::heading,
+                          role::label,       role::progressBar, role::list,
+                          role::dialog,      role::alert,       role::text};
 
 }  // namespace
 
-Visit::Visit()
-    : program_(QStringLiteral(BRINDLET_DEMO),
-               // As many as keep the scan on the screen long enough for a look at it.
-               {QStringLiteral("--messages"), QStringLiteral("1000")},
-               forWindows(desktop_.environment()),
-               desktop_.folder() + QStringLiteral("/program.log")),
+Visit::Visit(int messages)
+    : messages_(messages),
+      program_(
+          QStringLiteral(BRINDLET_DEMO), {QStringLiteral("--messages"), QString::number(messages)},
+          forWindows(desktop_.environment()), desktop_.folder() + QStringLiteral("/program.log")),
       reader_(desktop_.accessibility(), program_.pid()) {
     EXPECT_EQ(desktop_.problem().toStdString(), "");
 }
@@ -43,22 +43,22 @@ Visit::~Visit() {
 }
 
 void Visit::start() const {
-    reader_.press(QStringLiteral("push button"), QStringLiteral("Start"));
-    reader_.await(QStringLiteral("list"), QStringLiteral("Mailboxes"));
+    reader_.press(role::button, QStringLiteral("Start"));
+    reader_.await(role::list, QStringLiteral("Mailboxes"));
 }
 
 void Visit::chooseTheWholeInbox() const {
-    reader_.press(QStringLiteral("radio button"), QStringLiteral("INBOX"));
-    reader_.press(QStringLiteral("combo box"), QStringLiteral("HOW FAR BACK"));
-    reader_.press(QStringLiteral("list item"), QStringLiteral("Everything"));
-    reader_.await(QStringLiteral("label"), QStringLiteral("500 to sort"));
+    reader_.press(role::radioButton, QStringLiteral("INBOX"));
+    reader_.press(role::comboBox, QStringLiteral("HOW FAR BACK"));
+    reader_.press(role::listItem, QStringLiteral("Everything"));
+    reader_.await(role::label, QStringLiteral("%1 to sort").arg(messages_ / 2));
 }
 
 Thing Visit::openAds() const {
     chooseTheWholeInbox();
-    reader_.press(QStringLiteral("push button"), QStringLiteral("Sort it"));
+    reader_.press(role::button, QStringLiteral("Sort it"));
     auto ads = reader_.awaitAny(QStringLiteral("the first category"), [](const Thing& thing) {
-        return thing.role == QStringLiteral("push button") &&
+        return thing.role == role::button &&
                thing.name.startsWith(QStringLiteral("Ads & promotions, "));
     });
     EXPECT_EQ(ads.description.toStdString(), "JUNK, Collapsed");
@@ -75,8 +75,7 @@ void Visit::expectAllCanBePressed() const {
                (!thing->name.isEmpty() && thing->actions.contains(QStringLiteral("Press")));
     };
     reader_.awaitAny(QStringLiteral("a name and a press for everything"), [&](const Thing& whole) {
-        return whole.role == QStringLiteral("application") &&
-               std::ranges::all_of(whole.all(), isFine);
+        return whole.role == role::application && std::ranges::all_of(whole.all(), isFine);
     });
 }
 

@@ -12,7 +12,7 @@ namespace brindlet::desktop {
 /// printed when the test fails.
 class Visit {
   public:
-    Visit();
+    explicit Visit(int messages = 400);
     ~Visit();
 
     const ScreenReader& reader() const { return reader_; }
@@ -28,6 +28,7 @@ class Visit {
     void expectAllCanBePressed() const;
 
   private:
+    int messages_;
     Desktop desktop_;
     Child program_;
     ScreenReader reader_;

@@ -75,13 +75,12 @@ TEST_F(KeyboardVisit, WalksTicksAndOpensSenders) {
     reader().press(role::button, QStringLiteral("By sender"));
     tabTo("the first sender", isRow);
     reader().strike(down);
-    const auto second =
-        reader()
-            .await(role::list, QStringLiteral("Messages"),
-                   [](const Thing& thing) {
-                       return thing.children.size() > 1 && thing.children[1].is(Thing::focused);
-                   })
-            .children[1];
+    const auto senders =
+        reader().await(role::list, QStringLiteral("Messages"), [](const Thing& thing) {
+            return thing.children.size() > 1 && thing.children[1].is(Thing::focused);
+        });
+    ASSERT_GT(senders.children.size(), 1u);
+    const auto& second = senders.children[1];
 
     reader().strike(space);
     reader().await(second.role, second.name, [&](const Thing& thing) {

@@ -78,6 +78,25 @@ QString text(const QDBusMessage& answer) {
                                             : value.toString();
 }
 
+/// Waits for all answers; a thing that has gone meanwhile gets no states.
+void take(ScreenReader::Questions& questions, Thing& thing) {
+    for (auto& question : questions) question.waitForFinished();
+    thing.role = text(questions[0].reply());
+    thing.name = text(questions[1].reply());
+    thing.description = text(questions[2].reply());
+    thing.states = states(questions[3].reply());
+    thing.actions = actionNames(questions[4].reply());
+    for (const auto& [program, path] : references(questions[5].reply())) {
+        thing.children.emplace_back();
+        thing.children.back().path = path;
+    }
+}
+
+void dropHidden(Thing& thing) {
+    std::erase_if(thing.children, [](const Thing& child) { return !child.is(Thing::showing); });
+    for (auto& child : thing.children) dropHidden(child);
+}
+
 }  // namespace
 
 QString Thing::printed(int depth) const {
@@ -125,35 +144,37 @@ ScreenReader::ScreenReader(const QDBusConnection& bus, qint64 pid) : bus_(bus) {
 }
 
 Thing ScreenReader::everything() const {
-    return read(root);
+    // Level by level, with all questions of a level at once: each answer alone would be waited for.
+    Thing whole;
+    whole.path = root;
+    for (std::vector<Thing*> level{&whole}; !level.empty();) {
+        std::vector<Questions> questions;
+        for (const auto* thing : level) questions.push_back(ask(thing->path));
+        std::vector<Thing*> below;
+        for (std::size_t i = 0; i < level.size(); ++i) {
+            auto& thing = *level[i];
+            take(questions[i], thing);
+            if (!thing.is(Thing::showing)) thing.children.clear();
+            for (auto& child : thing.children) below.push_back(&child);
+        }
+        level = std::move(below);
+    }
+    dropHidden(whole);
+    return whole;
 }
 
-Thing ScreenReader::read(const QString& path) const {
-    // All questions at once: each answer alone would be waited for.
-    const auto ask = [&](const QString& interface, const QString& member,
-                         const QVariantList& arguments = {}) {
+ScreenReader::Questions ScreenReader::ask(const QString& path) const {
+    const auto call = [&](const QString& interface, const QString& member,
+                          const QVariantList& arguments = {}) {
         return bus_.asyncCall(question(application_, path, interface, member, arguments));
     };
     const auto get = QStringLiteral("Get");
-    QDBusPendingCall calls[] = {ask(accessible, QStringLiteral("GetRoleName")),
-                                ask(properties, get, {accessible, QStringLiteral("Name")}),
-                                ask(properties, get, {accessible, QStringLiteral("Description")}),
-                                ask(accessible, QStringLiteral("GetState")),
-                                ask(action, QStringLiteral("GetActions")),
-                                ask(accessible, QStringLiteral("GetChildren"))};
-    for (auto& call : calls) call.waitForFinished();
-    Thing thing{path,
-                text(calls[0].reply()),
-                text(calls[1].reply()),
-                text(calls[2].reply()),
-                states(calls[3].reply()),
-                actionNames(calls[4].reply()),
-                {}};
-    for (const auto& [program, child] : references(calls[5].reply())) {
-        auto below = read(child);
-        if (below.is(Thing::showing)) thing.children.push_back(std::move(below));
-    }
-    return thing;
+    return {call(accessible, QStringLiteral("GetRoleName")),
+            call(properties, get, {accessible, QStringLiteral("Name")}),
+            call(properties, get, {accessible, QStringLiteral("Description")}),
+            call(accessible, QStringLiteral("GetState")),
+            call(action, QStringLiteral("GetActions")),
+            call(accessible, QStringLiteral("GetChildren"))};
 }
 
 Thing ScreenReader::awaitAny(const QString& what, const Condition& condition) const {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusPendingCall>
 #include <QString>
 #include <QStringList>
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -64,8 +66,11 @@ class ScreenReader {
     /// Strikes a key, by its number among the X key symbols.
     void strike(int key) const;
 
+    /// What is asked about one thing, on its way.
+    using Questions = std::array<QDBusPendingCall, 6>;
+
   private:
-    Thing read(const QString& path) const;
+    Questions ask(const QString& path) const;
 
     QDBusConnection bus_;
     QString application_;

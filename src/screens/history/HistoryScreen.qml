@@ -49,6 +49,7 @@ FocusScope {
         }
         TaughtRules {
             Layout.fillWidth: true
+            Layout.topMargin: Theme.space2
             Layout.bottomMargin: Theme.space3
             model: root.model
         }

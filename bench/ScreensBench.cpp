@@ -224,7 +224,6 @@ double ticking(testing::Stage& stage) {
         QCoreApplication::sendPostedEvents();
     }
     QObject::disconnect(told);
-    { auto c = costs; std::sort(c.begin(), c.end()); std::printf("TICK %f %f %f %f\n", c[0], c[c.size()/2], c[c.size()*9/10], c.back()); }
     return percentile99(costs);
 }
 
@@ -237,9 +236,7 @@ double filtering(testing::Stage& stage) {
     const auto type = [&](qsizetype length) {
         const WorkTimer timer;
         rows.setFilter(text.left(length));
-        const double own = timer.milliseconds();
         QMetaObject::invokeMethod(list, "forceLayout");
-        std::printf("KEY %d %f %f\n", int(length), own, timer.milliseconds());
         worst = std::max(worst, timer.milliseconds());
         stage.settle();
     };

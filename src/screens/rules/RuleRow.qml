@@ -23,7 +23,7 @@ Item {
     required property bool marked
     required property bool isCurrent
     // By Tab, backwards out of the first button.
-    signal left
+    signal tabbedBack
     readonly property RuleControlsText controls: rules.controls
     readonly property int focusOfButtons: isCurrent ? Qt.TabFocus : Qt.NoFocus
 
@@ -107,7 +107,7 @@ Item {
                     text: root.verdict
                     tone: root.verdictTone
                     help: root.flipHelp
-                    Keys.onBacktabPressed: root.left()
+                    Keys.onBacktabPressed: root.tabbedBack()
                     onClicked: root.rules.flip(root.index)
                 }
                 Txt {

@@ -4,8 +4,11 @@ import Brindlet.Screens
 GhostButton {
     id: root
 
-    required property string lead
-    required text
+    required property int index
+    // The line: its symbol leads, its text follows.
+    required property var model
 
-    symbol: root.lead
+    objectName: "link" + root.index
+    symbol: root.model.lead
+    text: root.model.text
 }

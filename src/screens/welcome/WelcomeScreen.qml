@@ -45,13 +45,10 @@ HeroScreen {
 
         Repeater {
             model: root.model.links
+            onItemAdded: (index, item) =>
+                (item as HomeLink).clicked.connect(() => root.model.follow(index))
 
-            HomeLink {
-                required property int index
-
-                objectName: "link" + index
-                onClicked: root.model.follow(index)
-            }
+            HomeLink {}
         }
     }
 }

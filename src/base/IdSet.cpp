@@ -181,6 +181,28 @@ std::size_t IdSet::countCommon(const IdSet& other) const {
     return sum;
 }
 
+std::vector<std::int64_t> IdSet::difference(const IdSet& other) const {
+    IdSet result;
+    const auto add = [&](std::int64_t key, const Bits& mine, const Bits& theirs) {
+        Bits bits;
+        std::transform(mine.begin(), mine.end(), theirs.begin(), bits.begin(), std::bit_xor());
+        if (!isEmpty(bits)) result.chunks_.push_back({key, std::make_shared<Bits>(bits)});
+    };
+    auto theirs = other.chunks_.begin();
+    for (const auto& mine : chunks_) {
+        for (; theirs != other.chunks_.end() && theirs->key < mine.key; ++theirs)
+            add(theirs->key, {}, *theirs->bits);
+        if (theirs == other.chunks_.end() || theirs->key != mine.key) {
+            add(mine.key, *mine.bits, {});
+            continue;
+        }
+        if (mine.bits != theirs->bits) add(mine.key, *mine.bits, *theirs->bits);
+        ++theirs;
+    }
+    for (; theirs != other.chunks_.end(); ++theirs) add(theirs->key, {}, *theirs->bits);
+    return {result.begin(), result.end()};
+}
+
 bool operator==(const IdSet& a, const IdSet& b) {
     return a.size_ == b.size_ && std::equal(a.chunks_.begin(), a.chunks_.end(), b.chunks_.begin(),
                                             b.chunks_.end(), [](const auto& x, const auto& y) {

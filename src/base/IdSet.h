@@ -37,6 +37,9 @@ class IdSet {
     /// The ids that both hold, and how many these are.
     IdSet common(const IdSet& other) const;
     std::size_t countCommon(const IdSet& other) const;
+    /// The ids that only one of both holds, in ascending order. Takes no time for what the two
+    /// still share.
+    std::vector<std::int64_t> difference(const IdSet& other) const;
 
     friend bool operator==(const IdSet& a, const IdSet& b);
 

@@ -2,20 +2,29 @@
 
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
+#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 
 #include <charconv>
 
+#include "base/AsciiBlocks.h"
 #include "base/Graphemes.h"
 #include "base/Utf8.h"
 
 namespace brindlet {
 namespace {
 
-bool isAscii(std::string_view text) {
-    for (const char c : text)
-        if (static_cast<unsigned char>(c) >= 0x80) return false;
-    return true;
+/// False, and nothing added, when the text is not ASCII.
+bool appendAsciiLowercased(std::string_view text, std::string& out) {
+    const auto start = out.size();
+    out.resize(start + text.size());
+    if (ascii::lower(text, out.data() + start)) return true;
+    out.resize(start);
+    return false;
+}
+
+icu::StringPiece piece(std::string_view text) {
+    return {text.data(), static_cast<int32_t>(text.size())};
 }
 
 template <class Test>
@@ -48,17 +57,32 @@ bool containsAny(std::string_view text, Test test) {
 
 std::string lowercased(std::string_view text) {
     std::string out;
+    if (appendAsciiLowercased(text, out)) return out;
     out.reserve(text.size());
-    if (isAscii(text)) {
-        for (const char c : text) out += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-        return out;
-    }
     UErrorCode status = U_ZERO_ERROR;
     icu::StringByteSink<std::string> sink(&out);
-    icu::CaseMap::utf8ToLower("", 0,
-                              icu::StringPiece(text.data(), static_cast<int32_t>(text.size())),
-                              sink, nullptr, status);
+    icu::CaseMap::utf8ToLower("", 0, piece(text), sink, nullptr, status);
     return U_SUCCESS(status) ? out : std::string(text);
+}
+
+std::string caseFolded(std::string_view text) {
+    std::string out;
+    appendCaseFolded(text, out);
+    return out;
+}
+
+void appendCaseFolded(std::string_view text, std::string& out) {
+    if (appendAsciiLowercased(text, out)) return;
+    UErrorCode status = U_ZERO_ERROR;
+    std::string folded;
+    icu::StringByteSink<std::string> sink(&folded);
+    icu::CaseMap::utf8Fold(0, piece(text), sink, nullptr, status);
+    const auto* composer = icu::Normalizer2::getNFCInstance(status);
+    if (U_SUCCESS(status)) {
+        icu::StringByteSink<std::string> end(&out);
+        composer->normalizeUTF8(0, piece(folded), end, nullptr, status);
+    }
+    if (U_FAILURE(status)) out.append(text);
 }
 
 bool isBlank(char32_t c) {

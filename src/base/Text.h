@@ -11,6 +11,11 @@ namespace brindlet {
 
 /// Full Unicode lower-casing, the root locale's: "BIN" gives "bin" whatever the user's language.
 std::string lowercased(std::string_view text);
+/// For finding and comparing without regard to case: full Unicode case folding, composed, so that
+/// what looks the same is the same.
+std::string caseFolded(std::string_view text);
+/// The same, added to the end of `out`.
+void appendCaseFolded(std::string_view text, std::string& out);
 
 /// A blank: TAB or any space separator (Zs). Line ends are none.
 bool isBlank(char32_t c);

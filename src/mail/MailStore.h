@@ -77,9 +77,10 @@ class MailStore {
     /// Readable text out of a raw body: tags and entities become blanks, and so does white space.
     /// Ill-formed UTF-8 is repaired. `limit` is in characters; below 1 nothing is given.
     static std::string visibleText(std::string_view raw, std::int64_t limit);
-    /// The link that opens a message in the mail program, for `Desktop::openLink`.
-    static std::string messageLink(std::string_view messageID);
-    /// Main thread.
+    /// The link that opens a message in the mail program, for `Desktop::openLink`. None for an id
+    /// that makes no address: an empty one, one with blanks or control characters, broken UTF-8.
+    static std::optional<std::string> messageLink(std::string_view messageID);
+    /// Does nothing without a link. Main thread.
     void openInMail(std::string_view messageID) const;
 
     using FoldersByAccount = std::map<std::string, std::vector<MailFolder>>;

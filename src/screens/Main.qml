@@ -7,8 +7,9 @@ Window {
     id: root
 
     required property AppModel app
-    // False while one screen comes in after another.
+    // False while anything moves: one screen comes in after another, or something within one.
     readonly property bool settled: stage.status === Loader.Ready && !entrance.running
+                                    && (stage.item as ResultsScreen)?.settled !== false
 
     width: 1080
     height: 740
@@ -27,6 +28,7 @@ Window {
         id: input
 
         window: root
+        onUsed: Help.dismiss()
     }
     Binding {
         target: Theme
@@ -83,6 +85,7 @@ Window {
             }
         }
     }
+    HelpTip {}
     Connections {
         target: root.app
 
@@ -108,6 +111,12 @@ Window {
             break;
         case AppModel.Results:
             stage.setSource("ResultsScreen.qml", { "model": root.app.results });
+            break;
+        case AppModel.History:
+            stage.setSource("HistoryScreen.qml", { "model": root.app.history });
+            break;
+        case AppModel.Rules:
+            stage.setSource("RulesScreen.qml", { "model": root.app.rules });
             break;
         }
     }

@@ -1,3 +1,4 @@
+#include <set>
 #include <utility>
 
 #include "platform/MainQueue.h"
@@ -5,42 +6,49 @@
 #include "session/Kin.h"
 
 namespace brindlet {
+namespace {
 
-// Only the next search cancels this one. When the offer goes away meanwhile, its results find
+/// Which of the asked are of the reference's kind, as indices. Blocks.
+template <class Asked>
+std::set<std::size_t> kinAmong(const std::vector<Asked>& asked, const std::string& reference,
+                               const Classifier& classifier, const CancelToken& token) {
+    // With nothing to compare there is no need to ask about the reference either.
+    if (asked.empty()) return {};
+    std::vector<std::string> subjects;
+    for (const auto& each : asked) subjects.push_back(each.subject);
+    return classifier.kinIndices(reference, subjects, token);
+}
+
+}  // namespace
+
+// Only the next search cancels this one. When the offer goes away meanwhile, the results find
 // another offer or none, and are dropped.
 void AppState::findKin(std::uint32_t position) {
     if (kindTask_) kindTask_->cancel();
     const auto family = families.find(index().key(index().groupOf(position)));
     if (family == families.end()) return;
-    kindTask_ = Task::start(
-        TaskPriority::utility,
-        [weak = weak_from_this(), classifier = classifier_, &queue = services_.mainQueue,
-         source = (*verdicts)[position].id,
-         questions =
-             kinQuestions(position, *verdicts, index(), family->second)](const CancelToken& token) {
-            const auto stopped = [&] { return token.cancelled() || weak.expired(); };
-            // Looked at again on the main thread, where the next search cancels.
-            const auto complete = [&](const KinAnswers& answers) {
-                return hop(queue, [&] {
-                    const auto self = weak.lock();
-                    if (self && !token.cancelled()) self->completeOffer(source, answers);
-                });
-            };
-            KinAnswers answers;
-            std::vector<std::string> subjects;
-            for (const auto& candidate : questions.candidates)
-                subjects.push_back(candidate.subject);
-            for (const auto kin : classifier->kinIndices(questions.reference, subjects, token))
-                answers.ids.insert(questions.candidates[kin].id);
-            if (stopped()) return;
-            if (!answers.ids.empty() && !complete(answers)) return;
-
-            subjects.clear();
-            for (const auto& shape : questions.shapes) subjects.push_back(shape.subject);
-            for (const auto kin : classifier->kinIndices(questions.reference, subjects, token))
-                answers.templates.push_back(questions.shapes[kin].templateWords);
-            if (!stopped()) complete(answers);
-        });
+    auto search = [weak = weak_from_this(), classifier = classifier_, &queue = services_.mainQueue,
+                   source = (*verdicts)[position].id,
+                   questions = kinQuestions(position, *verdicts, index(), family->second)](
+                      const CancelToken& token) {
+        const auto stopped = [&] { return token.cancelled() || weak.expired(); };
+        const auto complete = [&](const KinAnswers& answers) {
+            return hop(queue, [&] {
+                const auto self = weak.lock();
+                // The next search may have begun while this was on its way.
+                if (self && !token.cancelled()) self->completeOffer(source, answers);
+            });
+        };
+        KinAnswers answers;
+        for (const auto i : kinAmong(questions.candidates, questions.reference, *classifier, token))
+            answers.ids.insert(questions.candidates[i].id);
+        if (stopped()) return;
+        if (!answers.ids.empty() && !complete(answers)) return;
+        for (const auto i : kinAmong(questions.shapes, questions.reference, *classifier, token))
+            answers.templates.push_back(questions.shapes[i].templateWords);
+        if (!stopped()) complete(answers);
+    };
+    kindTask_ = Task::start(TaskPriority::utility, std::move(search));
 }
 
 void AppState::completeOffer(std::int64_t source, const KinAnswers& answers) {

@@ -64,8 +64,8 @@ Classifier::Words AppState::familyTemplate(const Verdict& verdict) {
     return templateOf(verdict.id, familyOf(Rules::senderKey(verdict.sender)));
 }
 
-// Against the tick that it came from, in a junk folder: it goes by what the rule would say, which
-// there is that ticked mail is good, and good mail is not what a rule to keep ticks.
+// In a junk folder this goes against the tick that led to the offer: it follows what the rule would
+// say of the messages, and a tick there says that they are not junk.
 void AppState::applyPendingRule(const PendingRule& offer, bool learn, SweepChoice choice) {
     auto ids = offer.everything;
     if (choice == SweepChoice::members) ids = offer.members;

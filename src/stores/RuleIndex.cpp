@@ -32,12 +32,7 @@ RuleIndex::Covering RuleIndex::covering(std::string_view sender) const {
         if (found == bySender_.end()) return;
         numbers.insert(numbers.end(), found->second.begin(), found->second.end());
     };
-    const auto domain = address.domain();
-    if (domain.size() != address.whole().size()) probe(address.whole());
-    probe(domain);
-    for (auto dot = domain.find('.'); dot != std::string_view::npos;
-         dot = domain.find('.', dot + 1))
-        probe(domain.substr(dot + 1));
+    address.eachCovering(probe);
 
     // The keys differ, so no number came twice.
     std::sort(numbers.begin(), numbers.end());

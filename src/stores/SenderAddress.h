@@ -20,6 +20,17 @@ class SenderAddress {
     /// True when a rule's sender covers this address: an address covers itself alone, a bare domain
     /// also its subdomains.
     bool coveredBy(std::string_view ruleSender) const;
+    /// Calls with each sender of a rule that would cover this address: the whole of it, its domain
+    /// and each parent domain. None comes twice; the views live as long as this object.
+    template <class F>
+    void eachCovering(F&& call) const {
+        const auto host = domain();
+        if (host.size() != text_.size()) call(whole());
+        call(host);
+        for (auto dot = host.find('.'); dot != std::string_view::npos;
+             dot = host.find('.', dot + 1))
+            call(host.substr(dot + 1));
+    }
 
   private:
     std::string text_;

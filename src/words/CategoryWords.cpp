@@ -2,21 +2,17 @@
 
 #include <array>
 
-#include "base/Text.h"
 #include "platform/Locale.h"
 #include "session/AppState.h"
 
 namespace brindlet {
 namespace {
 
-Mark verdictMark(bool isJunk) {
-    return isJunk ? Mark{"JUNK", Tone::orange, {}} : Mark{"KEEP", Tone::green, {}};
-}
-
 Mark categoryBadge(Category category, const Calibration& calibration) {
     const bool junk = isDefaultJunk(category);
     const auto flip = calibration.flip(category);
-    if (!flip || (*flip == Rule::Verdict::junk) == junk) return verdictMark(junk);
+    if (!flip || (*flip == Rule::Verdict::junk) == junk)
+        return junk ? Mark{"JUNK", Tone::orange, {}} : Mark{"KEEP", Tone::green, {}};
     const auto help =
         "Learned from your corrections - it overrides the model for this whole category. Change it "
         "under Rules.";
@@ -26,28 +22,36 @@ Mark categoryBadge(Category category, const Calibration& calibration) {
 
 }  // namespace
 
-std::vector<CategoryRows> categoryRows(const VerdictList& verdicts) {
+std::vector<CategoryRows> categoryRows(const VerdictList& verdicts,
+                                       const std::vector<std::uint32_t>& positions) {
     struct Parts {
         std::vector<std::uint32_t> open;
         std::vector<std::uint32_t> kept;
+        std::vector<std::int64_t> tickable;
     };
     constexpr auto categories = allCases<Category>();
     std::array<Parts, categories.size()> parts;
-    std::uint32_t index = 0;
-    for (const auto& verdict : verdicts) {
+    for (const auto position : positions) {
+        const auto& verdict = verdicts[position];
         auto& part = parts[static_cast<std::size_t>(verdict.category)];
-        (verdict.vetoed ? part.kept : part.open).push_back(index++);
+        (verdict.vetoed ? part.kept : part.open).push_back(position);
+        if (verdict.messageID) part.tickable.push_back(verdict.id);
     }
 
     std::vector<CategoryRows> filled;
     for (const auto category : categories) {
-        auto& [open, kept] = parts[static_cast<std::size_t>(category)];
+        auto& [open, kept, tickable] = parts[static_cast<std::size_t>(category)];
         if (open.empty() && kept.empty()) continue;
         const auto firstProtected = open.size();
         open.insert(open.end(), kept.begin(), kept.end());
-        filled.push_back({category, std::move(open), firstProtected});
+        filled.push_back({category, std::move(open), firstProtected, IdSet(std::move(tickable))});
     }
     return filled;
+}
+
+TickCount tickCount(const AppState& state, const CategoryRows& category) {
+    return {static_cast<std::int64_t>(category.tickable.countCommon(*state.approved)),
+            static_cast<std::int64_t>(category.tickable.size())};
 }
 
 std::vector<CategoryWords> categoryWords(const AppState& state,
@@ -56,6 +60,7 @@ std::vector<CategoryWords> categoryWords(const AppState& state,
     std::vector<CategoryWords> all;
     all.reserve(categories.size());
     for (const auto& rows : categories) {
+        const auto ticks = tickCount(state, rows);
         CategoryWords words;
         words.category = rows.category;
         words.label = displayName(rows.category);
@@ -63,32 +68,14 @@ std::vector<CategoryWords> categoryWords(const AppState& state,
         words.badge = categoryBadge(rows.category, state.calibration);
         words.expanded = *state.expand == rows.category;
         words.chevron = words.expanded ? "chevron.up" : "chevron.down";
-        // In a junk folder what protection kept is what should come out: it does not stay put.
-        if (rows.firstProtected < rows.rows.size() && !state.isJunkFolder())
-            words.stayPut = "These stay put - none of them will be moved";
-        words.scroll = words.count + " messages \u00b7 scroll to see them all";
+        words.tickSymbol = tickSymbol(ticks);
+        if (ticks.tickable > 0)
+            words.tickHelp =
+                ticks.wouldTick() ? "Tick this whole category" : "Untick this whole category";
+        words.reviewed = reviewWords(*state.reviewedCats, std::string(rawValue(rows.category)));
         all.push_back(std::move(words));
     }
     return all;
-}
-
-MessageWords messageWords(const AppState& state, const Verdict& verdict) {
-    MessageWords words;
-    words.subject =
-        trimBlanksAndNewlines(verdict.subject).empty() ? "(no subject)" : verdict.subject;
-    words.sender = verdict.sender;
-    words.canTick = verdict.messageID.has_value();
-    if (!words.canTick) {
-        words.tickSymbol = "minus.square.dashed";
-        words.tickHelp =
-            "Mail has no id for this message, so Brindlet can't tick or move it. Everything else "
-            "works as usual.";
-    } else {
-        words.tickSymbol =
-            state.approved->contains(verdict.id) ? "checkmark.square.fill" : "square";
-    }
-    words.mark = verdict.vetoed ? Mark{"PROTECTED", Tone::green, {}} : verdictMark(verdict.isJunk);
-    return words;
 }
 
 }  // namespace brindlet

@@ -5,10 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "base/IdSet.h"
 #include "classify/Category.h"
-#include "classify/Verdict.h"
 #include "session/VerdictList.h"
 #include "words/Mark.h"
+#include "words/ReviewWords.h"
+#include "words/TickBox.h"
 
 namespace brindlet {
 
@@ -20,15 +22,18 @@ struct CategoryRows {
     Category category = Category::cannotTell;
     std::vector<std::uint32_t> rows;
     std::size_t firstProtected = 0;
+    /// The messages that can be ticked: those with an id.
+    IdSet tickable;
 
     friend bool operator==(const CategoryRows&, const CategoryRows&) = default;
 };
 
-/// The categories that have messages, in their fixed order. Walks all verdicts: for a new revision
-/// of the list, not for every refresh.
-std::vector<CategoryRows> categoryRows(const VerdictList& verdicts);
+/// The categories that have messages among those at `positions`, in their fixed order. Walks them
+/// all: for another list, not for every refresh.
+std::vector<CategoryRows> categoryRows(const VerdictList& verdicts,
+                                       const std::vector<std::uint32_t>& positions);
 
-/// The header of one category and the lines around its messages.
+/// The header of one category.
 struct CategoryWords {
     Category category = Category::cannotTell;
     std::string label;
@@ -36,10 +41,11 @@ struct CategoryWords {
     Mark badge;
     bool expanded = false;
     std::string chevron;
-    /// The heading over the rows from `firstProtected` on; empty when none is needed.
-    std::string stayPut;
-    /// Stands at the foot of a list that is longer than its frame.
-    std::string scroll;
+    std::string tickSymbol;
+    /// Empty where there is nothing to tick.
+    std::string tickHelp;
+    std::string generalHelp = "Approve or skip this whole category";
+    ReviewWords reviewed;
 
     friend bool operator==(const CategoryWords&, const CategoryWords&) = default;
 };
@@ -47,21 +53,6 @@ struct CategoryWords {
 /// One for each of `categories`. Main thread; looks at no single verdict.
 std::vector<CategoryWords> categoryWords(const AppState& state,
                                          const std::vector<CategoryRows>& categories);
-
-/// One message of a list.
-struct MessageWords {
-    std::string subject;
-    std::string sender;
-    std::string tickSymbol;
-    /// Why there is no tick; empty where there can be one.
-    std::string tickHelp;
-    bool canTick = false;
-    Mark mark;
-
-    friend bool operator==(const MessageWords&, const MessageWords&) = default;
-};
-
-/// Main thread; for the rows on show.
-MessageWords messageWords(const AppState& state, const Verdict& verdict);
+TickCount tickCount(const AppState& state, const CategoryRows& category);
 
 }  // namespace brindlet

@@ -8,16 +8,26 @@
 namespace brindlet {
 namespace {
 
-/// What the scan was after: junk, or in a junk folder the opposite.
+/// What the scan was after, of what is still there: junk, or in a junk folder the opposite.
 std::int64_t foundBy(const AppState& state) {
-    const auto junk = state.verdicts->junkCount();
-    return state.isJunkFolder() ? static_cast<std::int64_t>(state.verdicts->size()) - junk : junk;
+    return state.isJunkFolder() ? state.remainingKept() : state.remainingJunk();
 }
 
 std::string titleOf(const AppState& state, std::int64_t found) {
-    if (found < 1) return "Nothing to sort";
+    if (found < 1) return state.movedVerdicts().empty() ? "Nothing to sort" : "All done";
     return state.services().locale.grouped(found) +
            (state.isJunkFolder() ? " look like real mail" : " look like junk");
+}
+
+/// The folder that the scan on show went through, whatever is selected now. A scan that left
+/// nothing behind, or is still ending, has no record yet: what stands there is an older one's.
+std::optional<MailFolder> scannedFolder(const AppState& state) {
+    const auto& selected = *state.folder;
+    const auto& record = state.currentRecord;
+    const auto found = static_cast<std::int64_t>(state.verdicts->size());
+    if (!record || found < 1 || record->scanned != found) return selected;
+    if (selected && selected->name == record->folder) return selected;
+    return MailFolder{0, record->folder, found, MailFolder::roleForName(record->folder)};
 }
 
 std::int64_t heldRules(const AppState& state) {
@@ -29,11 +39,14 @@ std::string summaryOf(const AppState& state, std::int64_t found) {
     const auto& locale = state.services().locale;
     std::string line = locale.grouped(found) + " out of " +
                        locale.grouped(static_cast<std::int64_t>(state.verdicts->size()));
-    if (*state.folder) line += " in " + (*state.folder)->name;
+    if (const auto folder = scannedFolder(state)) line += " in " + folder->name;
     const auto add = [&](const std::string& piece) { line += " \u00b7 " + piece; };
 
-    if (const auto vetoed = state.verdicts->vetoedCount(); vetoed > 0)
+    if (const auto vetoed = state.protectedCount(); vetoed > 0)
         add(locale.grouped(vetoed) + " protected from being moved");
+    if (*state.learned > 0)
+        add("learned " + locale.grouped(*state.learned) +
+            (*state.learned == 1 ? " rule" : " rules"));
     if (*state.skipped > 0) add("skipped " + locale.grouped(*state.skipped) + " already sorted");
     if (const auto held = heldRules(state); held > 0)
         add(locale.grouped(held) + " rules await review and were NOT applied");
@@ -46,10 +59,10 @@ std::string summaryOf(const AppState& state, std::int64_t found) {
 }
 
 std::string nothingFound(const AppState& state) {
-    if (!*state.folder) return {};
-    const auto& folder = **state.folder;
-    if (folder.role != MailFolder::Role::junk) {
-        const auto place = folder.role == MailFolder::Role::inbox ? "your inbox" : folder.name;
+    const auto folder = scannedFolder(state);
+    if (!folder) return {};
+    if (folder->role != MailFolder::Role::junk) {
+        const auto place = folder->role == MailFolder::Role::inbox ? "your inbox" : folder->name;
         return "Brindlet went through " + place + " and found nothing worth moving.";
     }
     std::string text =
@@ -59,6 +72,26 @@ std::string nothingFound(const AppState& state) {
         text += " Skipped " + state.services().locale.grouped(*state.skipped) +
                 " it had already decided about.";
     return text;
+}
+
+std::string movedAway(const AppState& state) {
+    return state.services().locale.grouped(
+               static_cast<std::int64_t>(state.movedVerdicts().size())) +
+           " moved. Nothing else here needs a look.";
+}
+
+AllMovedWords allMovedWords(const AppState& state) {
+    const auto& past = *state.pastMove;
+    AllMovedWords words;
+    words.text = "They're in " + (past ? past->to : "your junk folder") +
+                 " - nothing was deleted, so you can put any of them back.";
+    return words;
+}
+
+std::string rulesLabel(const AppState& state) {
+    const auto count = state.rules.all->size() + state.rules.session->size();
+    if (count == 0) return "Rules";
+    return "Rules (" + state.services().locale.grouped(static_cast<std::int64_t>(count)) + ")";
 }
 
 }  // namespace
@@ -71,9 +104,13 @@ ResultsWords resultsWords(const AppState& state) {
     if (*state.scanError) {
         words.scanError.emplace();
         words.scanError->sentence = **state.scanError;
-    } else if (found < 1) {
+    } else if (found < 1 && state.movedVerdicts().empty()) {
         words.nothing = nothingFound(state);
+    } else if (found < 1) {
+        words.nothing = movedAway(state);
+        words.allMoved = allMovedWords(state);
     }
+    words.rules = rulesLabel(state);
     return words;
 }
 

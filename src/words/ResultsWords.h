@@ -17,6 +17,15 @@ struct ScanErrorWords {
     friend bool operator==(const ScanErrorWords&, const ScanErrorWords&) = default;
 };
 
+/// Told when a move took everything that the scan was after.
+struct AllMovedWords {
+    std::string symbol = "checkmark.circle";
+    std::string text;
+    std::string next = "Scan another mailbox, or let Brindlet watch this one on a schedule.";
+
+    friend bool operator==(const AllMovedWords&, const AllMovedWords&) = default;
+};
+
 /// The words above the lists of the results.
 struct ResultsWords {
     std::string backSymbol = "chevron.left";
@@ -24,9 +33,14 @@ struct ResultsWords {
     /// All pieces in one line, joined by a middle dot.
     std::string summary;
     std::optional<ScanErrorWords> scanError;
+    std::optional<AllMovedWords> allMoved;
     /// Why there is nothing to look at; empty when there is, or when `scanError` says why.
     std::string nothing;
     std::string scanAnother = "Scan another";
+    std::string rulesSymbol = "wand.and.stars";
+    std::string rules;
+    std::string historySymbol = "clock.arrow.circlepath";
+    std::string history = "History";
 
     friend bool operator==(const ResultsWords&, const ResultsWords&) = default;
 };

@@ -102,6 +102,28 @@ TEST(IdSet, CombinesWithItself) {
 }
 
 // A thread may still read its copy while the set that it was copied from is written.
+TEST(IdSet, DifferenceIsWhatOnlyOneHolds) {
+    const struct {
+        IdSet a;
+        IdSet b;
+        std::vector<std::int64_t> difference;
+    } rows[] = {
+        {{}, {}, {}},
+        {{1, 2, 700}, {1, 2, 700}, {}},
+        {{1, 2, 700}, {2, 3}, {1, 3, 700}},
+        {{}, {-5, 5000}, {-5, 5000}},
+        {{1, 1024}, {512, 2048}, {1, 512, 1024, 2048}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.a.difference(row.b), row.difference);
+        EXPECT_EQ(row.b.difference(row.a), row.difference);
+    }
+    IdSet copy = rows[1].a;
+    EXPECT_TRUE(copy.difference(rows[1].a).empty());
+    copy.erase(2);
+    EXPECT_EQ(copy.difference(rows[1].a), std::vector<std::int64_t>{2});
+}
+
 TEST(IdSet, CopyIsReadOnAnotherThreadWhileTheFirstIsWritten) {
     IdSet set;
     for (std::int64_t id = 0; id < 2000; ++id) set.insert(id);

@@ -128,6 +128,30 @@ TEST(Lowercased, CaresForNoLocale) {
     std::setlocale(LC_ALL, before.c_str());
 }
 
+TEST(CaseFolded, MakesEqualWhatDiffersInCaseAlone) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"Sale 50%!", "SALE 50%!"},
+        {"ÉTÉ", "été"},
+        {"Straße", "STRASSE"},
+        {"ΟΔΟΣ", "οδος"},
+        {"ПРИВЕТ", "привет"},
+        {"\ufb01n", "FIN"},
+        // One letter, or a letter and its combining mark.
+        {"caf\u00e9", "CAFE\u0301"},
+        {"\u05e9\u05dc\u05d5\u05dd Sale", "\u05e9\u05dc\u05d5\u05dd sALE"},
+    };
+    for (const auto& [a, b] : rows) EXPECT_EQ(caseFolded(a), caseFolded(b)) << a << " " << b;
+    EXPECT_NE(caseFolded("cafe"), caseFolded("café"));
+    EXPECT_EQ(caseFolded(""), "");
+}
+
+TEST(CaseFolded, IsAddedToWhatStandsThere) {
+    std::string out = "A";
+    appendCaseFolded("BC", out);
+    appendCaseFolded("É", out);
+    EXPECT_EQ(out, "Abcé");
+}
+
 using Words = std::vector<std::string>;
 
 TEST(LetterNumberWords, AreRunsOfLettersAndNumbersInTheUnicodeSense) {

@@ -1,6 +1,7 @@
 #include "screens/Stage.h"
 
 #include <QTest>
+#include <algorithm>
 
 namespace brindlet::testing {
 namespace {
@@ -17,6 +18,10 @@ void gather(QQuickItem* item, std::vector<QQuickItem*>& all) {
     if (!item->isVisible()) return;
     all.push_back(item);
     for (auto* child : item->childItems()) gather(child, all);
+}
+
+QPoint middleOf(const QQuickItem* item) {
+    return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
 }
 
 }  // namespace
@@ -49,14 +54,26 @@ QQuickItem* Stage::await(const QString& name) const {
 bool Stage::click(const QString& name) const {
     auto* item = await(name);
     if (!item) return false;
-    const auto middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-    QTest::mouseClick(window(), Qt::LeftButton, {}, middle);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, middleOf(item));
     settle();
     return true;
 }
 
-void Stage::press(Qt::Key key) const {
-    QTest::keyClick(window(), key);
+bool Stage::hover(const QString& name) const {
+    auto* item = await(name);
+    if (!item) return false;
+    QTest::mouseMove(window(), middleOf(item));
+    settle();
+    return true;
+}
+
+void Stage::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
+    QTest::keyClick(window(), key, modifiers);
+    settle();
+}
+
+void Stage::type(const QString& text) const {
+    for (const auto letter : text) QTest::keyClick(window(), letter.toLatin1());
     settle();
 }
 
@@ -113,7 +130,7 @@ VerdictList verdicts(int count) {
         Verdict verdict;
         verdict.id = i + 1;
         if (i % 17 != 3) verdict.messageID = std::to_string(i) + "@letters.example";
-        verdict.sender = "Quill & Thread <hello" + std::to_string(i % 40) + "@quill.example>";
+        verdict.sender = "Quill & Thread <news@quill" + std::to_string(i % 40) + ".example>";
         verdict.subject = "New arrivals picked for you, number " + std::to_string(i);
         verdict.category = categories[static_cast<std::size_t>(i % 10)];
         verdict.isJunk = isDefaultJunk(verdict.category);
@@ -121,6 +138,32 @@ VerdictList verdicts(int count) {
             verdict.isJunk = false;
             verdict.vetoed = true;
         }
+        made.push_back(std::move(verdict));
+    }
+    return VerdictList(std::move(made));
+}
+
+ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& folder, int moved) {
+    ScanRecord record;
+    record.started = state.services().clock.now() - daysAgo * 86400;
+    record.account = "ada@example.org";
+    record.folder = folder;
+    record.scanned = 1834;
+    record.junk = std::max(212, moved);
+    if (moved > 0) record.movedTo = "Brindlet Junk";
+    for (int i = 0; i < moved; ++i)
+        record.moved.push_back(
+            {std::to_string(i) + "@letters.example",
+             "Quill & Thread <hello" + std::to_string(i) + "@quill.example>",
+             i == 1 ? "" : "New arrivals picked for you, number " + std::to_string(i)});
+    return record;
+}
+
+VerdictList verdictsOfOneDomain(int count) {
+    std::vector<Verdict> made;
+    for (auto verdict : verdicts(count)) {
+        verdict.sender =
+            "Quill & Thread <hello" + std::to_string(made.size() % 40) + "@quill.example>";
         made.push_back(std::move(verdict));
     }
     return VerdictList(std::move(made));
@@ -196,6 +239,12 @@ void openResults(AppState& state) {
     state.expand.set(Category::newsletterOrDigest);
 }
 
+void correctedResults(AppState& state) {
+    openResults(state);
+    state.setCategoryTicked(Category::billOrPayment, true);
+    state.toggleMessage(2);
+}
+
 void stoppedScan(AppState& state) {
     selectInbox(state);
     state.scanError.set("Brindlet could only read 499 of 1,000 messages on disk.");
@@ -205,6 +254,81 @@ void stoppedScan(AppState& state) {
 void nothingFound(AppState& state) {
     selectInbox(state);
     state.navigate(AppState::Screen::results);
+}
+
+void history(AppState& state) {
+    auto& history = state.history;
+    history.add(scanRecord(state, 0.1, "INBOX", 3));
+    history.writeScan({}, history.records->front().started);
+    history.add(scanRecord(state, 3.4, "Receipts"));
+    history.add(scanRecord(state, 12.7, "דואר נכנס", 1));
+    history.add(scanRecord(state, 33, "Projects/Harbour House with quite a long name of its own"));
+    for (const double daysAgo : {28.5, 0.0}) {
+        auto binned = scanRecord(state, 40 + daysAgo, daysAgo > 0 ? "Junk" : "Archive", 5);
+        binned.deletedAt = state.services().clock.now() - daysAgo * 86400;
+        history.deleted.mutate([&](auto& bin) { bin.insert(bin.begin(), binned); });
+    }
+    state.seen.mark({"a@x.example", "b@x.example"}, true, "ada@example.org", "INBOX");
+    state.navigate(AppState::Screen::history);
+}
+
+void longHistory(AppState& state) {
+    history(state);
+    state.history.records.mutate(
+        [&](auto& records) { records[0] = scanRecord(state, 0.1, "INBOX", 312); });
+}
+
+void emptyHistory(AppState& state) {
+    state.navigate(AppState::Screen::history);
+}
+
+void noRules(AppState& state) {
+    selectInbox(state);
+    state.navigate(AppState::Screen::rules);
+}
+
+void rules(AppState& state) {
+    results(state);
+    state.verdicts.set(verdictsOfOneDomain(200));
+    const auto flip = [&](Category category, std::int64_t toKeep, std::int64_t toJunk) {
+        Calibration::Tally tally{toKeep, toJunk, {"a", "b", "c", "d", "e", "f"}, {}};
+        if (toJunk > toKeep) tally.junkSenders.swap(tally.keepSenders);
+        state.calibration.byCategory.mutate(
+            [&](auto& tallies) { tallies[std::string(rawValue(category))] = tally; });
+    };
+    flip(Category::newsletterOrDigest, 17, 2);
+    flip(Category::accountWelcomeOrInvitation, 1, 12);
+
+    using Verdict = Rule::Verdict;
+    const auto rule = [&](std::string sender, Verdict verdict, Rule::Scope scope,
+                          std::int64_t hits) {
+        Rule made;
+        made.sender = std::move(sender);
+        made.verdict = verdict;
+        made.scope = scope;
+        made.hits = hits;
+        return made;
+    };
+    auto held = rule("oldlist.example", Verdict::junk, Rule::Scope::always, 3);
+    held.category = rawValue(Category::newsletterOrDigest);
+    held.legacy = true;
+    auto orders = rule("quill.example", Verdict::keep, Rule::Scope::session, 2);
+    orders.category = rawValue(Category::receiptOrOrderOrShipping);
+    auto arrivals = rule("quill.example", Verdict::junk, Rule::Scope::session, 4);
+    arrivals.category = rawValue(Category::advertisingOrPromotion);
+    arrivals.templateWords = {"new", "arrivals", "picked"};
+    auto strange = rule("harbour.example", Verdict::keep, Rule::Scope::always, 1);
+    strange.category = "a category of tomorrow";
+    state.rules.all.set({held, rule("quill.example", Verdict::junk, Rule::Scope::always, 12),
+                         rule("ann@letters.example", Verdict::keep, Rule::Scope::always, 1),
+                         strange});
+    state.rules.session.set({orders, arrivals});
+    state.navigate(AppState::Screen::rules);
+}
+
+void taughtHistory(AppState& state) {
+    rules(state);
+    history(state);
 }
 
 }  // namespace scenes

@@ -33,7 +33,10 @@ class Stage {
     /// The same, as soon as it is there and the screens stand still.
     QQuickItem* await(const QString& name) const;
     bool click(const QString& name) const;
-    void press(Qt::Key key) const;
+    /// Lets the pointer rest on it.
+    bool hover(const QString& name) const;
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void type(const QString& text) const;
     /// The name of what has the keyboard; of the list, where it is a list's row.
     QString focused() const;
     /// Tabs until that has the keyboard; false when it never does.
@@ -50,6 +53,11 @@ MailFolder folder(std::int64_t id, const std::string& name, std::int64_t count);
 MailAccount account(const std::string& address, std::vector<MailFolder> folders);
 /// So many verdicts, spread over the categories, with some protected and some without an id.
 VerdictList verdicts(int count);
+/// A scan so many days before the test's present, with so many messages moved.
+ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& folder,
+                      int moved = 0);
+/// The same from forty addresses of one domain.
+VerdictList verdictsOfOneDomain(int count);
 
 /// States of a session that have a screen of their own each. They leave the session on that screen.
 namespace scenes {
@@ -64,8 +72,20 @@ void pausedScan(AppState& state);
 /// 200 verdicts of the inbox, all junk ticked.
 void results(AppState& state);
 void openResults(AppState& state);
+/// The same after one sweep and one correction: an undo and an offer stand.
+void correctedResults(AppState& state);
 void stoppedScan(AppState& state);
 void nothingFound(AppState& state);
+/// Four scans, the first moved three messages and has its file; a bin of two.
+void history(AppState& state);
+/// The same with the first scan moved by hundreds.
+void longHistory(AppState& state);
+/// The same as the first with the rules of `rules`, of which four last.
+void taughtHistory(AppState& state);
+void emptyHistory(AppState& state);
+void noRules(AppState& state);
+/// Two flipped categories and rules of every kind, over the mail of `results`.
+void rules(AppState& state);
 }  // namespace scenes
 
 }  // namespace brindlet::testing

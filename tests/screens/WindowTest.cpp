@@ -12,12 +12,24 @@ namespace {
 
 using Scene = std::pair<const char*, void (*)(AppState&)>;
 const std::vector<Scene> allScenes{
-    {"welcome", [](AppState&) {}},           {"permission", scenes::permission},
-    {"mailboxes", scenes::mailboxes},        {"chosen mailbox", scenes::chosenMailbox},
-    {"no accounts", scenes::noAccounts},     {"scanning", scenes::scanning},
-    {"paused scan", scenes::pausedScan},     {"results", scenes::results},
-    {"open results", scenes::openResults},   {"stopped scan", scenes::stoppedScan},
+    {"welcome", [](AppState&) {}},
+    {"permission", scenes::permission},
+    {"mailboxes", scenes::mailboxes},
+    {"chosen mailbox", scenes::chosenMailbox},
+    {"no accounts", scenes::noAccounts},
+    {"scanning", scenes::scanning},
+    {"paused scan", scenes::pausedScan},
+    {"results", scenes::results},
+    {"open results", scenes::openResults},
+    {"stopped scan", scenes::stoppedScan},
+    {"corrected results", scenes::correctedResults},
     {"nothing found", scenes::nothingFound},
+    {"history", scenes::history},
+    {"long history", scenes::longHistory},
+    {"taught history", scenes::taughtHistory},
+    {"empty history", scenes::emptyHistory},
+    {"no rules", scenes::noRules},
+    {"rules", scenes::rules},
 };
 
 class EveryScreen : public ::testing::TestWithParam<Scene> {};
@@ -45,7 +57,8 @@ TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
     stage.window()->resize(stage.window()->minimumSize());
     stage.settle();
     const QRectF frame(0, 0, stage.window()->width(), stage.window()->height());
-    const bool scrolls = stage.find("resultsPage") != nullptr;
+    const bool scrolls =
+        stage.find("resultsPage") || stage.find("historyPage") || stage.find("rulesScreen");
     for (auto* item : stage.tabStops()) {
         const auto place = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
         EXPECT_GE(place.left(), 0) << item->objectName().toStdString();
@@ -69,6 +82,8 @@ TEST(Window, ShowsTheScreenOfTheSession) {
         {AppState::Screen::pick, "pickScreen"},
         {AppState::Screen::scanning, "scanningScreen"},
         {AppState::Screen::results, "resultsScreen"},
+        {AppState::Screen::history, "historyScreen"},
+        {AppState::Screen::rules, "rulesScreen"},
         {AppState::Screen::welcome, "welcomeScreen"},
     };
     for (const auto& [screen, name] : screens) {

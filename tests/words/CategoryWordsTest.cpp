@@ -2,50 +2,109 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include "words/Session.h"
 
 namespace brindlet {
 namespace {
 
-using Role = MailFolder::Role;
 using Rows = std::vector<CategoryRows>;
 
 Verdict verdict(std::int64_t id, Category category, bool isJunk = false, bool vetoed = false) {
     return {id, "m@x.com", "", "", category, isJunk, vetoed, false};
 }
 
+Rows rowsOf(const VerdictList& verdicts) {
+    std::vector<std::uint32_t> all(verdicts.size());
+    std::iota(all.begin(), all.end(), 0U);
+    return categoryRows(verdicts, all);
+}
+
 TEST(CategoryRows, OnlyCategoriesWithMessagesInTheirFixedOrder) {
     const VerdictList verdicts(
         {verdict(1, Category::cannotTell), verdict(2, Category::advertisingOrPromotion, true),
          verdict(3, Category::billOrPayment), verdict(4, Category::cannotTell)});
-    EXPECT_EQ(categoryRows(verdicts), (Rows{{Category::advertisingOrPromotion, {1}, 1},
-                                            {Category::billOrPayment, {2}, 1},
-                                            {Category::cannotTell, {0, 3}, 2}}));
-    EXPECT_EQ(categoryRows({}), Rows{});
+    EXPECT_EQ(rowsOf(verdicts), (Rows{{Category::advertisingOrPromotion, {1}, 1, {2}},
+                                      {Category::billOrPayment, {2}, 1, {3}},
+                                      {Category::cannotTell, {0, 3}, 2, {1, 4}}}));
+    EXPECT_EQ(rowsOf({}), Rows{});
 }
 
 TEST(CategoryRows, ProtectedComeLastAndTheScansOrderStays) {
     const auto ads = Category::advertisingOrPromotion;
     const VerdictList verdicts({verdict(9, ads, false, true), verdict(8, ads, true),
                                 verdict(7, ads, false, true), verdict(6, ads, true)});
-    EXPECT_EQ(categoryRows(verdicts), (Rows{{ads, {1, 3, 0, 2}, 2}}));
+    EXPECT_EQ(rowsOf(verdicts), (Rows{{ads, {1, 3, 0, 2}, 2, {6, 7, 8, 9}}}));
+}
+
+TEST(CategoryRows, OnlyOfThePositionsAskedFor) {
+    const auto ads = Category::advertisingOrPromotion;
+    const VerdictList verdicts(
+        {verdict(1, ads), verdict(2, Category::cannotTell), verdict(3, ads)});
+    EXPECT_EQ(categoryRows(verdicts, {2}), (Rows{{ads, {2}, 1, {3}}}));
+}
+
+TEST(CategoryRows, AMessageWithoutAnIdHasARowAndCannotBeTicked) {
+    const auto ads = Category::advertisingOrPromotion;
+    auto nameless = verdict(2, ads);
+    nameless.messageID.reset();
+    EXPECT_EQ(rowsOf(VerdictList({verdict(1, ads), nameless})), (Rows{{ads, {0, 1}, 2, {1}}}));
 }
 
 TEST(CategoryWords, HeaderHasLabelAndCount) {
     Session session;
-    const Rows rows = {{Category::socialMediaBlast, std::vector<std::uint32_t>(1234), 1234}};
+    const Rows rows = {{Category::socialMediaBlast, std::vector<std::uint32_t>(1234), 1234, {}}};
     const auto words = categoryWords(session, rows);
     ASSERT_EQ(words.size(), 1U);
     EXPECT_EQ(words[0].category, Category::socialMediaBlast);
     EXPECT_EQ(words[0].label, "Social notifications");
     EXPECT_EQ(words[0].count, "1,234");
-    EXPECT_EQ(words[0].scroll, "1,234 messages · scroll to see them all");
-    EXPECT_EQ(words[0].stayPut, "");
+    EXPECT_EQ(words[0].generalHelp, "Approve or skip this whole category");
+}
+
+TEST(CategoryWords, TheBoxTellsOfTheMessagesThatCanBeTicked) {
+    const struct {
+        IdSet tickable;
+        IdSet approved;
+        const char* symbol;
+        const char* help;
+    } rows[] = {
+        {{1, 2}, {}, "square", "Tick this whole category"},
+        {{1, 2}, {2}, "minus.square.fill", "Tick this whole category"},
+        {{1, 2}, {1, 2}, "checkmark.square.fill", "Untick this whole category"},
+        // Elsewhere ticked messages count for nothing here.
+        {{1, 2}, {3, 4}, "square", "Tick this whole category"},
+        {{}, {3}, "minus.square.dashed", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.symbol);
+        Session session;
+        session->approved.set(row.approved);
+        const auto words =
+            categoryWords(session, {{Category::socialMediaBlast, {0, 1, 2}, 3, row.tickable}});
+        EXPECT_EQ(words[0].tickSymbol, row.symbol);
+        EXPECT_EQ(words[0].tickHelp, row.help);
+    }
+}
+
+TEST(CategoryWords, ReviewIsRememberedByTheRawName) {
+    Session session;
+    const Rows rows = {{Category::socialMediaBlast, {0}, 1, {}},
+                       {Category::billOrPayment, {1}, 1, {}},
+                       {Category::cannotTell, {2}, 1, {}}};
+    session->reviewedCats.set({"socialMediaBlast", "cannotTell"});
+    const auto words = categoryWords(session, rows);
+    EXPECT_EQ(words[0].reviewed, (ReviewWords{"Reviewed", ""}));
+    EXPECT_EQ(words[1].reviewed, (ReviewWords{"", ""}));
+    EXPECT_EQ(words[2].reviewed,
+              (ReviewWords{"Last reviewed", "Last reviewed - click to jump there"}));
 }
 
 TEST(CategoryWords, TheOpenCategoryIsTheSessions) {
     Session session;
-    const Rows rows = {{Category::socialMediaBlast, {0}, 1}, {Category::cannotTell, {1}, 1}};
+    const Rows rows = {{Category::socialMediaBlast, {0}, 1, {}},
+                       {Category::cannotTell, {1}, 1, {}}};
     session->expand.set(Category::cannotTell);
     const auto words = categoryWords(session, rows);
     EXPECT_FALSE(words[0].expanded);
@@ -81,23 +140,8 @@ TEST(CategoryWords, BadgeIsTheDefaultUnlessFlipped) {
                      << (row.flip ? rawValue(*row.flip) : std::string_view("as it is")));
         Session session;
         if (row.flip) session.flip(row.category, *row.flip);
-        EXPECT_EQ(categoryWords(session, {{row.category, {0}, 1}})[0].badge, row.badge);
+        EXPECT_EQ(categoryWords(session, {{row.category, {0}, 1, {}}})[0].badge, row.badge);
     }
-}
-
-TEST(CategoryWords, ProtectedMessagesHaveAHeading) {
-    Session session;
-    session.select(Session::folder(Role::inbox));
-    const Rows rows = {{Category::advertisingOrPromotion, {0, 1}, 1}};
-    EXPECT_EQ(categoryWords(session, rows)[0].stayPut,
-              "These stay put - none of them will be moved");
-}
-
-TEST(CategoryWords, InAJunkFolderProtectedMessagesDoNotStayPut) {
-    Session session;
-    session.select(Session::folder(Role::junk));
-    const Rows rows = {{Category::advertisingOrPromotion, {0, 1}, 1}};
-    EXPECT_EQ(categoryWords(session, rows)[0].stayPut, "");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
+#include "words/MessageWords.h"
+
 #include <gtest/gtest.h>
 
-#include "words/CategoryWords.h"
 #include "words/Session.h"
 
 namespace brindlet {
@@ -52,14 +53,60 @@ TEST(MessageWords, WithoutAMessageIdTheBoxIsDashedWhateverIsTicked) {
               "works as usual.");
 }
 
-TEST(MessageWords, MarkTellsJunkKeptAndProtected) {
+TEST(MessageWords, ANoteStandsWhereTheTickIsNotWhatTheScanProposed) {
+    const Mark none;
+    const Mark stays{"Will stay put", Tone::green,
+                     "Will stay put - Brindlet will remember this sender"};
+    const Mark moves{"Will be moved", Tone::orange,
+                     "Will be moved - and Brindlet will remember this sender"};
+    const struct {
+        MailFolder::Role role;
+        bool isJunk;
+        bool vetoed;
+        bool ticked;
+        Mark note;
+    } rows[] = {
+        {MailFolder::Role::inbox, true, false, true, none},
+        {MailFolder::Role::inbox, true, false, false, stays},
+        {MailFolder::Role::inbox, false, false, false, none},
+        {MailFolder::Role::inbox, false, false, true, moves},
+        {MailFolder::Role::inbox, false, true, false, none},
+        {MailFolder::Role::inbox, false, true, true, moves},
+        {MailFolder::Role::junk, true, false, false, none},
+        {MailFolder::Role::junk, true, false, true, moves},
+        {MailFolder::Role::junk, false, false, true, none},
+        {MailFolder::Role::junk, false, false, false, stays},
+        {MailFolder::Role::junk, false, true, false, stays},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << rawValue(row.role) << " junk " << row.isJunk
+                                        << " protected " << row.vetoed << " ticked " << row.ticked);
+        Session session;
+        session.select(Session::folder(row.role));
+        auto verdict = sale();
+        verdict.isJunk = row.isJunk;
+        verdict.vetoed = row.vetoed;
+        if (row.ticked) session->approved.set({7});
+        EXPECT_EQ(messageWords(session, verdict).note, row.note);
+    }
+}
+
+TEST(MessageWords, WithoutAMessageIdThereIsNoNoteAndNothingToOpen) {
     Session session;
     auto verdict = sale();
-    EXPECT_EQ(messageWords(session, verdict).mark, (Mark{"JUNK", Tone::orange, ""}));
-    verdict.isJunk = false;
-    EXPECT_EQ(messageWords(session, verdict).mark, (Mark{"KEEP", Tone::green, ""}));
-    verdict.vetoed = true;
-    EXPECT_EQ(messageWords(session, verdict).mark, (Mark{"PROTECTED", Tone::green, ""}));
+    verdict.messageID.reset();
+    EXPECT_EQ(messageWords(session, verdict).note, Mark{});
+    EXPECT_EQ(messageWords(session, verdict).openHelp, "");
+}
+
+TEST(MessageWords, OpensInMailWhenTheIdMakesALink) {
+    Session session;
+    auto verdict = sale();
+    EXPECT_EQ(messageWords(session, verdict).openHelp, "Open in Mail");
+    for (const std::string id : {"", "a b@x.com", "a\x01@x.com", "\xFF@x.com"}) {
+        verdict.messageID = id;
+        EXPECT_EQ(messageWords(session, verdict).openHelp, "") << testing::PrintToString(id);
+    }
 }
 
 }  // namespace

@@ -51,6 +51,7 @@ TEST(ResultsWords, SummaryPiecesInOrder) {
     Session session;
     session.select(Session::folder(Role::inbox, "INBOX"));
     session.publish(2, 3, 1360);
+    session->learned.set(3);
     session->skipped.set(1212);
     Rule held;
     held.legacy = true;
@@ -59,10 +60,102 @@ TEST(ResultsWords, SummaryPiecesInOrder) {
     session.flip(Category::newsletterOrDigest, Rule::Verdict::keep, 20);
     session.flip(Category::accountWelcomeOrInvitation, Rule::Verdict::junk, 12);
     EXPECT_EQ(resultsWords(session).summary,
-              "2 out of 1,365 in INBOX · 1,360 protected from being moved · skipped 1,212 already "
-              "sorted · 2 rules await review and were NOT applied · 1,042 people you've written "
+              "2 out of 1,365 in INBOX · 1,360 protected from being moved · learned 3 rules · "
+              "skipped 1,212 already sorted · 2 rules await review and were NOT applied · 1,042 "
+              "people you've written "
               "to were protected · Newsletters & digests treated as keep (learned) · Accounts & "
               "invitations treated as junk (learned)");
+}
+
+TEST(ResultsWords, OneLearnedRuleIsWordedInTheSingular) {
+    const std::pair<std::int64_t, const char*> rows[] = {
+        {0, "0 out of 0"},
+        {1, "0 out of 0 · learned 1 rule"},
+        {2, "0 out of 0 · learned 2 rules"},
+        {1234, "0 out of 0 · learned 1,234 rules"},
+    };
+    for (const auto& [learned, line] : rows) {
+        Session session;
+        session->learned.set(learned);
+        EXPECT_EQ(resultsWords(session).summary, line);
+    }
+}
+
+TEST(ResultsWords, WhatHasMovedIsNotCountedInTheTitleButIsInTheWhole) {
+    Session session;
+    session.select(Session::folder(Role::inbox, "INBOX"));
+    session.publish(3, 2);
+    session->movedAlready.set({"1@x.com", "4@x.com"});
+    const auto words = resultsWords(session);
+    EXPECT_EQ(words.title, "2 look like junk");
+    EXPECT_EQ(words.summary, "2 out of 5 in INBOX");
+    EXPECT_EQ(words.nothing, "");
+    EXPECT_FALSE(words.allMoved);
+}
+
+TEST(ResultsWords, AMoveThatTookEverythingIsAllDone) {
+    Session session;
+    session.select(Session::folder(Role::inbox, "INBOX"));
+    session.publish(2, 1);
+    session->movedAlready.set({"1@x.com", "2@x.com"});
+    auto words = resultsWords(session);
+    EXPECT_EQ(words.title, "All done");
+    EXPECT_EQ(words.nothing, "2 moved. Nothing else here needs a look.");
+    ASSERT_TRUE(words.allMoved);
+    EXPECT_EQ(
+        words.allMoved->text,
+        "They're in your junk folder - nothing was deleted, so you can put any of them back.");
+
+    session->pastMove.set(AppState::PastMove{"INBOX", "Brindlet Junk"});
+    EXPECT_EQ(resultsWords(session).allMoved->text,
+              "They're in Brindlet Junk - nothing was deleted, so you can put any of them back.");
+    session->scanError.set("It broke.");
+    words = resultsWords(session);
+    EXPECT_FALSE(words.allMoved);
+    EXPECT_EQ(words.nothing, "");
+}
+
+TEST(ResultsWords, TheFolderIsThatOfTheScanAndNotTheOneSelectedSince) {
+    Session session;
+    session.select(Session::folder(Role::inbox, "INBOX"));
+    session.publish(2, 1);
+    ScanRecord record;
+    record.folder = "INBOX";
+    record.scanned = 3;
+    session->currentRecord = record;
+    session->folder.set(Session::folder(Role::custom, "Travel"));
+    EXPECT_EQ(resultsWords(session).summary, "2 out of 3 in INBOX");
+    session.publish(0, 3);
+    EXPECT_EQ(resultsWords(session).nothing,
+              "Brindlet went through your inbox and found nothing worth moving.");
+}
+
+TEST(ResultsWords, AScanWithoutARecordOfItsOwnIsThatOfTheSelectedFolder) {
+    Session session;
+    session.select(Session::folder(Role::custom, "Travel"));
+    ScanRecord older;
+    older.folder = "INBOX";
+    older.scanned = 9;
+    session->currentRecord = older;
+    // One that is being stopped.
+    session.publish(2, 1);
+    EXPECT_EQ(resultsWords(session).summary, "2 out of 3 in Travel");
+    // One that found nothing new to sort.
+    session->currentRecord->scanned = 0;
+    session.publish(0, 0);
+    EXPECT_EQ(resultsWords(session).summary, "0 out of 0 in Travel");
+}
+
+TEST(ResultsWords, RulesAreCountedWhereThereAreAny) {
+    Session session;
+    EXPECT_EQ(resultsWords(session).rules, "Rules");
+    Rule held;
+    held.legacy = true;
+    session->rules.all.set({Rule{}, held});
+    session->rules.session.set({Rule{}});
+    EXPECT_EQ(resultsWords(session).rules, "Rules (3)");
+    session->rules.session.set(std::vector<Rule>(1232));
+    EXPECT_EQ(resultsWords(session).rules, "Rules (1,234)");
 }
 
 TEST(ResultsWords, OneHeldRuleIsWordedLikeSeveral) {

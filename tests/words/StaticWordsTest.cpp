@@ -1,11 +1,18 @@
 #include <gtest/gtest.h>
 
+#include "words/CalibrationWords.h"
 #include "words/CategoryWords.h"
 #include "words/FolderWords.h"
+#include "words/HistoryWords.h"
+#include "words/ListWords.h"
+#include "words/OfferWords.h"
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
 #include "words/ResultsWords.h"
+#include "words/RuleWords.h"
+#include "words/RulesWords.h"
 #include "words/ScanningWords.h"
+#include "words/UndoWords.h"
 #include "words/WelcomeWords.h"
 
 namespace brindlet {
@@ -82,10 +89,93 @@ TEST(StaticWords, Results) {
     const ResultsWords words;
     EXPECT_EQ(words.backSymbol, "chevron.left");
     EXPECT_EQ(words.scanAnother, "Scan another");
+    EXPECT_EQ(words.rulesSymbol, "wand.and.stars");
+    EXPECT_EQ(words.historySymbol, "clock.arrow.circlepath");
+    EXPECT_EQ(words.history, "History");
     const ScanErrorWords error;
     EXPECT_EQ(error.symbol, "exclamationmark.triangle.fill");
     EXPECT_EQ(error.title, "This scan was stopped");
     EXPECT_EQ(error.quit, "Quit Brindlet");
+    const AllMovedWords moved;
+    EXPECT_EQ(moved.symbol, "checkmark.circle");
+    EXPECT_EQ(moved.next, "Scan another mailbox, or let Brindlet watch this one on a schedule.");
+}
+
+TEST(StaticWords, Categories) {
+    EXPECT_EQ(CategoryWords().generalHelp, "Approve or skip this whole category");
+}
+
+TEST(StaticWords, MessageLists) {
+    const ListWords words;
+    EXPECT_EQ(words.filterSymbol, "magnifyingglass");
+    EXPECT_EQ(words.filterPrompt, "Filter by sender or subject - sale");
+    EXPECT_EQ(words.tickAll, "Tick all");
+    EXPECT_EQ(words.untickAll, "Untick all");
+    EXPECT_EQ(words.bySenderSymbol, "person.2");
+    EXPECT_EQ(words.bySender, "By sender");
+    EXPECT_EQ(words.bySenderHelp, "One row per sender instead of one per message");
+    EXPECT_EQ(words.stayPut, "These stay put - none of them will be moved");
+}
+
+TEST(StaticWords, Undo) {
+    const UndoWords words;
+    EXPECT_EQ(words.symbol, "arrow.uturn.backward");
+    EXPECT_EQ(words.label, "Undo");
+}
+
+TEST(StaticWords, Offer) {
+    EXPECT_EQ(OfferWords().symbol, "wand.and.stars");
+}
+
+TEST(StaticWords, History) {
+    const HistoryWords words;
+    EXPECT_EQ(words.title, "History");
+    EXPECT_EQ(words.rulesTitle, "RULES YOU TAUGHT IT");
+    EXPECT_EQ(words.binTitle, "RECENTLY DELETED");
+    EXPECT_STREQ(historyLabels::putOnScreen, "Put this scan back on screen");
+    EXPECT_STREQ(historyLabels::deleteScan, "Delete Scan");
+    EXPECT_STREQ(historyLabels::deleteSymbol, "trash");
+    EXPECT_STREQ(historyLabels::putBack, "Put back");
+    EXPECT_STREQ(historyLabels::purgeHelp,
+                 "Erase this scan and the verdicts it saved. Cannot be undone.");
+}
+
+TEST(StaticWords, Rules) {
+    EXPECT_EQ(RulesWords().title, "Rules");
+    const RuleFormWords form;
+    EXPECT_EQ(form.forgetAll, "Forget all");
+    EXPECT_EQ(form.forgetAllReally, "Really forget all?");
+    EXPECT_EQ(form.prompt, "sender or domain - news.example");
+    EXPECT_EQ(form.anyKind, "any kind of mail");
+    EXPECT_EQ(form.isJunk, "is junk");
+    EXPECT_EQ(form.isKept, "is kept");
+    EXPECT_EQ(form.add, "Add rule");
+    EXPECT_EQ(form.note,
+              "A rule decides before the model is asked, so it is also the fastest way to sort.");
+    EXPECT_EQ(form.example, "added by hand");
+}
+
+TEST(StaticWords, Rule) {
+    const RuleControls controls;
+    EXPECT_EQ(controls.showHelp, "Show the mail this rule covers");
+    EXPECT_EQ(controls.enable, "Keep it");
+    EXPECT_EQ(controls.enableHelp, "Start applying this rule again");
+    EXPECT_EQ(controls.promote, "Make permanent");
+    EXPECT_EQ(controls.promoteHelp, "Move it to Always, where nothing automatic touches it");
+    EXPECT_EQ(controls.markSymbol, "xmark.circle.fill");
+    EXPECT_EQ(controls.markHelp, "Forget this rule");
+    EXPECT_EQ(controls.unmarkSymbol, "arrow.uturn.backward.circle.fill");
+    EXPECT_EQ(controls.unmarkHelp, "Keep this rule after all");
+    EXPECT_EQ(controls.narrow, "Untick any of these to narrow what this rule should catch.");
+}
+
+TEST(StaticWords, Calibration) {
+    const CalibrationControls controls;
+    EXPECT_EQ(controls.label, "LEARNED BY ITSELF");
+    EXPECT_EQ(controls.note, "from corrections you made - you never wrote these");
+    EXPECT_EQ(controls.stop, "Stop this");
+    EXPECT_EQ(controls.mute, "Go back to letting the model decide this category");
+    EXPECT_EQ(controls.forget, "Forget what it learned about this category");
 }
 
 }  // namespace

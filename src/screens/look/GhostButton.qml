@@ -22,8 +22,8 @@ T.Button {
     background: Rectangle {
         radius: Theme.buttonRadius
         color: root.down ? Theme.press
-             : root.hovered ? (root.boxed ? Theme.wash(root.tint, 0.18) : Theme.hover)
-             : root.boxed ? Theme.wash(root.tint, 0.12) : "transparent"
+             : root.hovered ? (root.boxed ? Theme.wash(root.tint, 0.24) : Theme.hover)
+             : root.boxed ? Theme.wash(root.tint, 0.16) : "transparent"
 
         FocusRing {
             control: root
@@ -33,6 +33,12 @@ T.Button {
         symbol: root.symbol
         text: root.text
         tint: root.tint
+        weight: root.boxed ? Font.DemiBold : Font.Medium
+    }
+    HelpSpot {
+        control: root
+        text: root.help
+        wanted: root.hovered || (root.activeFocus && Theme.keyboardLeads)
     }
 
     Accessible.name: root.text !== "" ? root.text : root.help

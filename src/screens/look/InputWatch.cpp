@@ -13,10 +13,14 @@ void InputWatch::setWindow(QQuickWindow* window) {
 }
 
 bool InputWatch::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress)
+    const auto type = event->type();
+    if (type == QEvent::KeyPress)
         setKeyboardLeads(true);
-    else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin)
+    else if (type == QEvent::MouseButtonPress || type == QEvent::TouchBegin)
         setKeyboardLeads(false);
+    else if (type != QEvent::Wheel)
+        return QObject::eventFilter(watched, event);
+    Q_EMIT used();
     return QObject::eventFilter(watched, event);
 }
 

@@ -24,6 +24,8 @@ class InputWatch : public QObject {
   Q_SIGNALS:
     void windowChanged();
     void keyboardLeadsChanged();
+    /// By any key, button, finger or wheel, before the window acts on it.
+    void used();
 
   private:
     void setKeyboardLeads(bool leads);

@@ -9,6 +9,7 @@ T.ComboBox {
 
     required property ChoicesModel choices
     required property string label
+    property string help: ""
     signal asked(int index)
 
     implicitWidth: 200
@@ -67,9 +68,16 @@ T.ComboBox {
         current: root.highlightedIndex
         title: root.label
     }
+    HelpSpot {
+        control: root
+        text: root.help
+        wanted: !root.popup.visible
+                && (root.hovered || (root.activeFocus && Theme.keyboardLeads))
+    }
 
     Accessible.role: Accessible.ComboBox
     Accessible.name: root.label
-    Accessible.description: root.displayText
+    Accessible.description: root.help === "" ? root.displayText
+                                             : root.displayText + ", " + root.help
     Accessible.onPressAction: root.popup.visible ? root.popup.close() : root.popup.open()
 }

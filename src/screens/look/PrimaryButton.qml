@@ -7,6 +7,7 @@ T.Button {
     id: root
 
     property string symbol: ""
+    property string help: ""
     readonly property real light: down ? 0.94 : hovered ? 1.05 : 1
 
     implicitWidth: implicitContentWidth + 36
@@ -36,7 +37,13 @@ T.Button {
         weight: Font.DemiBold
         tint: Theme.onTint
     }
+    HelpSpot {
+        control: root
+        text: root.help
+        wanted: root.hovered || (root.activeFocus && Theme.keyboardLeads)
+    }
 
     Accessible.name: root.text
+    Accessible.description: root.help
     Accessible.onPressAction: root.clicked()
 }

@@ -6,8 +6,12 @@ ListView {
     id: root
 
     required property string name
-    // By a click, by Space or Return, or by a screen reader.
+    // Of what the rows show, in the middle of a list that is wider.
+    property real rowWidth: width
+    // By Space or Return.
     signal rowChosen(row: int)
+    // By the mouse, at a place of the row.
+    signal rowTapped(row: int, place: point)
 
     clip: true
     activeFocusOnTab: true
@@ -16,8 +20,14 @@ ListView {
     boundsBehavior: Flickable.StopAtBounds
     pixelAligned: true
     reuseItems: true
-    cacheBuffer: 5 * Theme.rowHeight
+    cacheBuffer: 0
 
+    onContentYChanged: Help.defer()
+    // An emptied list forgets where the keyboard was.
+    onCountChanged: {
+        if (root.currentIndex < 0 && root.count > 0)
+            root.currentIndex = 0;
+    }
     Keys.onSpacePressed: root.rowChosen(root.currentIndex)
     Keys.onReturnPressed: root.rowChosen(root.currentIndex)
     Keys.onEnterPressed: root.rowChosen(root.currentIndex)
@@ -33,18 +43,26 @@ ListView {
             root.currentIndex = to;
     }
 
-    TapHandler {
-        onTapped: point => root.choose(root.contentItem.mapFromItem(null, point.scenePosition))
+    // Below the rows. A handler on the list itself would also hear of clicks on what floats over
+    // it.
+    MouseArea {
+        parent: root.contentItem
+        y: root.originY
+        z: -1
+        width: root.width
+        height: Math.max(root.height, root.contentHeight)
+        onClicked: mouse => root.tap(mapToItem(root.contentItem, mouse.x, mouse.y))
     }
     T.ScrollBar.vertical: SectionScrollBar {}
 
-    // The row at a place of the content.
-    function choose(place: point): void {
+    // At a place of the content.
+    function tap(place: point): void {
         const row = root.indexAt(place.x, place.y);
         if (row < 0)
             return;
+        root.forceActiveFocus(Qt.MouseFocusReason);
         root.currentIndex = row;
-        root.rowChosen(row);
+        root.rowTapped(row, Qt.point(place.x, place.y - root.itemAtIndex(row).y));
     }
 
     Accessible.role: Accessible.List

@@ -65,6 +65,8 @@ QtObject {
     readonly property int quick: 120
     readonly property int steady: 220
     readonly property int calm: 260
+    // How long the pointer rests on a control before its help stands.
+    readonly property int patience: 600
 
     function wash(tint: color, strength: real): color {
         return Qt.rgba(tint.r, tint.g, tint.b, strength);

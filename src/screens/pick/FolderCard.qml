@@ -65,6 +65,7 @@ FocusScope {
             currentIndex: Math.max(0, root.model.folders.chosen)
 
             onRowChosen: row => root.model.chooseFolder(row)
+            onRowTapped: row => root.model.chooseFolder(row)
 
             delegate: FolderRow {}
         }

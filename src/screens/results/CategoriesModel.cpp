@@ -26,15 +26,25 @@ QVariant CategoriesModel::data(const QModelIndex& index, int role) const {
             return qtText(category.badge.text);
         case BadgeToneRole:
             return tones::of(category.badge);
+        case BadgeHelpRole:
+            return qtText(category.badge.help);
         case DescriptionRole:
-            return spokenList({category.badge.text, category.badge.help,
+            return spokenList({category.badge.text, category.badge.help, category.reviewed.text,
                                category.expanded ? spoken::expanded : spoken::collapsed});
         case ExpandedRole:
             return category.expanded;
         case ChevronRole:
             return qtText(category.chevron);
-        case ScrollLineRole:
-            return qtText(category.scroll);
+        case TickSymbolRole:
+            return qtText(category.tickSymbol);
+        case TickHelpRole:
+            return qtText(category.tickHelp);
+        case GeneralHelpRole:
+            return qtText(category.generalHelp);
+        case ReviewedRole:
+            return qtText(category.reviewed.text);
+        case ReviewedHelpRole:
+            return qtText(category.reviewed.help);
         case ResultsRole:
             return QVariant::fromValue(&results_);
         default:
@@ -47,10 +57,15 @@ QHash<int, QByteArray> CategoriesModel::roleNames() const {
             {CountRole, "count"},
             {BadgeRole, "badge"},
             {BadgeToneRole, "badgeTone"},
+            {BadgeHelpRole, "badgeHelp"},
             {DescriptionRole, "description"},
             {ExpandedRole, "expanded"},
             {ChevronRole, "chevron"},
-            {ScrollLineRole, "scrollLine"},
+            {TickSymbolRole, "tickSymbol"},
+            {TickHelpRole, "tickHelp"},
+            {GeneralHelpRole, "generalHelp"},
+            {ReviewedRole, "reviewed"},
+            {ReviewedHelpRole, "reviewedHelp"},
             {ResultsRole, "results"}};
 }
 

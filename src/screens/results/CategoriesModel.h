@@ -23,10 +23,15 @@ class CategoriesModel : public QAbstractListModel {
         CountRole,
         BadgeRole,
         BadgeToneRole,
+        BadgeHelpRole,
         DescriptionRole,
         ExpandedRole,
         ChevronRole,
-        ScrollLineRole,
+        TickSymbolRole,
+        TickHelpRole,
+        GeneralHelpRole,
+        ReviewedRole,
+        ReviewedHelpRole,
         ResultsRole,
     };
 

@@ -11,13 +11,38 @@ Card {
     required property string count
     required property string badge
     required property int badgeTone
+    required property string badgeHelp
+    required property string tickSymbol
+    required property string tickHelp
+    required property string generalHelp
+    required property string reviewed
+    required property string reviewedHelp
     required property string description
     required property bool expanded
     required property string chevron
-    required property string scrollLine
     required property ResultsModel results
+    // The card opens once it knows them.
+    property ReviewBars bars: null
+    readonly property MessageSection section: loader.item as MessageSection
+    readonly property bool opened: expanded && bars !== null
+    signal toggleAsked
 
     implicitHeight: column.implicitHeight
+
+    onOpenedChanged: {
+        if (root.opened)
+            loader.setSource("MessageSection.qml", {
+                "messages": root.results.messages,
+                "name": root.results.messagesName,
+                "bars": root.bars
+            });
+        else
+            loader.source = "";
+    }
+
+    function focusHeader(): void {
+        header.focusOpener();
+    }
 
     ColumnLayout {
         id: column
@@ -26,22 +51,35 @@ Card {
         spacing: 0
 
         CategoryHeader {
-            objectName: "category" + root.index
+            id: header
+
             Layout.fillWidth: true
+            index: root.index
             label: root.label
             count: root.count
             badge: root.badge
             badgeTone: root.badgeTone
+            badgeHelp: root.badgeHelp
+            tickSymbol: root.tickSymbol
+            tickHelp: root.tickHelp
+            generalHelp: root.generalHelp
+            reviewed: root.reviewed
+            reviewedHelp: root.reviewedHelp
             description: root.description
             chevron: root.chevron
-            onClicked: root.results.toggleCategory(root.index)
+            expanded: root.expanded
+            onTickAsked: root.results.tickCategory(root.index)
+            onToggleAsked: {
+                root.toggleAsked();
+                root.results.toggleCategory(root.index);
+            }
+            onJumpAsked: root.results.jumpToReviewed()
         }
-        MessageSection {
+        Loader {
+            id: loader
+
             Layout.fillWidth: true
-            visible: root.expanded
-            messages: root.expanded ? root.results.messages : null
-            name: root.results.messagesName
-            scrollLine: root.scrollLine
+            visible: status === Loader.Ready
         }
     }
 }

@@ -1,10 +1,45 @@
 #include "screens/results/MessagesModel.h"
 
+#include <utility>
+#include <vector>
+
 #include "screens/QtText.h"
 #include "screens/look/Tone.h"
 #include "session/AppState.h"
+#include "words/MessageWords.h"
+#include "words/SpokenWords.h"
 
 namespace brindlet::screens {
+namespace {
+
+/// What a row that has no such thing gives; a view's properties want something of each type.
+QVariant blank(int role) {
+    switch (role) {
+        case MessagesModel::IndentRole:
+        case MessagesModel::CanTickRole:
+        case MessagesModel::ExpandedRole:
+            return false;
+        case MessagesModel::NoteToneRole:
+            return tones::Plain;
+        case MessagesModel::TitleRole:
+        case MessagesModel::DetailRole:
+        case MessagesModel::TickSymbolRole:
+        case MessagesModel::TickHelpRole:
+        case MessagesModel::CountRole:
+        case MessagesModel::ChevronRole:
+        case MessagesModel::NoteRole:
+        case MessagesModel::NoteHelpRole:
+        case MessagesModel::OpenHelpRole:
+        case MessagesModel::ReviewedRole:
+        case MessagesModel::ReviewedHelpRole:
+        case MessagesModel::DescriptionRole:
+            return QString();
+        default:
+            return {};
+    }
+}
+
+}  // namespace
 
 int MessagesModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
@@ -12,69 +47,167 @@ int MessagesModel::rowCount(const QModelIndex& parent) const {
 
 QVariant MessagesModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-    const auto& row = rows_[static_cast<std::size_t>(index.row())];
-    if (role == HeadingRole) return row.heading;
-    if (row.heading) {
-        if (role == SubjectRole) return qtText(heading_);
-        if (role == CanTickRole) return false;
-        return role == MarkToneRole ? QVariant(tones::Plain) : QVariant(QString());
+    const auto row = rows_.at(static_cast<std::size_t>(index.row()));
+    switch (row.kind) {
+        case MessageRows::Kind::message:
+            return messageData(verdicts_[row.at], row.indented, role);
+        case MessageRows::Kind::sender:
+            return senderData(row.at, role);
+        case MessageRows::Kind::heading:
+            break;
     }
-    // The list may already be a shorter one, in the moment before the refresh that tells of it.
-    if (row.verdict >= state_.verdicts->size()) return {};
-    const auto words = messageWords(state_, (*state_.verdicts)[row.verdict]);
+    return headingData(role);
+}
+
+QVariant MessagesModel::messageData(const Verdict& verdict, bool indented, int role) const {
+    if (role == KindRole) return Message;
+    if (role == IndentRole) return indented;
+    const auto words = messageWords(state_, verdict);
     switch (role) {
-        case SubjectRole:
+        case TitleRole:
             return qtText(words.subject);
-        case SenderRole:
+        case DetailRole:
             return qtText(words.sender);
         case TickSymbolRole:
             return qtText(words.tickSymbol);
-        case DescriptionRole:
-            return spokenList({words.mark.text, words.tickHelp});
+        case TickHelpRole:
+            return qtText(words.tickHelp);
         case CanTickRole:
             return words.canTick;
-        case MarkRole:
-            return qtText(words.mark.text);
-        case MarkToneRole:
-            return tones::of(words.mark);
+        case NoteRole:
+            return qtText(words.note.text);
+        case NoteToneRole:
+            return tones::of(words.note);
+        case NoteHelpRole:
+            return qtText(words.note.help);
+        case OpenHelpRole:
+            return qtText(words.openHelp);
+        case DescriptionRole:
+            return spokenList({words.note.help, words.tickHelp});
         default:
-            return {};
+            return blank(role);
     }
+}
+
+QVariant MessagesModel::senderData(std::size_t sender, int role) const {
+    if (role == KindRole) return Sender;
+    if (role == ExpandedRole) return rows_.openSender() == sender;
+    const auto about = facts(sender);
+    const auto words = senderWords(state_, about);
+    switch (role) {
+        case TitleRole:
+            return qtText(words.title);
+        case DetailRole:
+            return qtText(words.detail);
+        case TickSymbolRole:
+            return qtText(words.tickSymbol);
+        case TickHelpRole:
+            return qtText(words.tickHelp);
+        case CanTickRole:
+            return words.canTick;
+        case CountRole:
+            return qtText(words.count);
+        case ChevronRole:
+            return qtText(words.chevron);
+        case ReviewedRole:
+            return qtText(words.reviewed.text);
+        case ReviewedHelpRole:
+            return qtText(words.reviewed.help);
+        case DescriptionRole:
+            return spokenList({words.count, words.reviewed.text, words.tickHelp,
+                               about.expanded ? spoken::expanded : spoken::collapsed});
+        default:
+            return blank(role);
+    }
+}
+
+QVariant MessagesModel::headingData(int role) const {
+    if (role == KindRole) return Heading;
+    return role == TitleRole ? QVariant(qtText(words_.stayPut)) : blank(role);
+}
+
+SenderFacts MessagesModel::facts(std::size_t sender) const {
+    const auto members = rows_.senders().members(sender);
+    const auto& ids = tickable(sender);
+    SenderFacts about;
+    about.key = rows_.senders().key(sender);
+    about.firstSender = verdicts_[members.front()].sender;
+    about.messages = static_cast<std::int64_t>(members.size());
+    about.ticks = {static_cast<std::int64_t>(ids.countCommon(*state_.approved)),
+                   static_cast<std::int64_t>(ids.size())};
+    about.expanded = rows_.openSender() == sender;
+    return about;
+}
+
+const IdSet& MessagesModel::tickable(std::size_t sender) const {
+    const auto [found, fresh] = tickable_.try_emplace(sender);
+    if (fresh) {
+        std::vector<std::int64_t> ids;
+        for (const auto position : rows_.senders().members(sender))
+            if (verdicts_[position].messageID) ids.push_back(verdicts_[position].id);
+        found->second = IdSet(std::move(ids));
+    }
+    return found->second;
 }
 
 QHash<int, QByteArray> MessagesModel::roleNames() const {
-    return {{HeadingRole, "heading"},
-            {SubjectRole, "subject"},
-            {SenderRole, "sender"},
+    return {{KindRole, "kind"},
+            {IndentRole, "indent"},
+            {TitleRole, "title"},
+            {DetailRole, "detail"},
             {TickSymbolRole, "tickSymbol"},
-            {DescriptionRole, "description"},
+            {TickHelpRole, "tickHelp"},
             {CanTickRole, "canTick"},
-            {MarkRole, "mark"},
-            {MarkToneRole, "markTone"}};
+            {CountRole, "count"},
+            {ChevronRole, "chevron"},
+            {ExpandedRole, "expanded"},
+            {NoteRole, "note"},
+            {NoteToneRole, "noteTone"},
+            {NoteHelpRole, "noteHelp"},
+            {OpenHelpRole, "openHelp"},
+            {ReviewedRole, "reviewed"},
+            {ReviewedHelpRole, "reviewedHelp"},
+            {DescriptionRole, "description"}};
 }
 
-void MessagesModel::reset(const CategoryRows& rows, const std::string& heading) {
-    beginResetModel();
-    heading_ = heading;
-    rows_.clear();
-    rows_.reserve(rows.rows.size() + 1);
-    for (std::size_t i = 0; i < rows.rows.size(); ++i) {
-        if (i == rows.firstProtected && !heading.empty()) rows_.push_back({true, 0});
-        rows_.push_back({false, rows.rows[i]});
-    }
-    endResetModel();
+QString MessagesModel::filterSymbol() const {
+    return qtText(words_.filterSymbol);
 }
 
-void MessagesModel::clear() {
-    if (rows_.empty()) return;
-    beginResetModel();
-    rows_.clear();
-    endResetModel();
+QString MessagesModel::filterPrompt() const {
+    return qtText(words_.filterPrompt);
 }
 
-void MessagesModel::ticksChanged() {
-    if (rows_.empty()) return;
-    Q_EMIT dataChanged(index(0), index(static_cast<int>(rows_.size()) - 1), {TickSymbolRole});
+QString MessagesModel::clearLabel() const {
+    return qtText(spoken::clear);
+}
+
+QString MessagesModel::matchLine() const {
+    return qtText(matchLine_);
+}
+
+QString MessagesModel::tickAllLabel() const {
+    return qtText(words_.tickAll);
+}
+
+QString MessagesModel::untickAllLabel() const {
+    return qtText(words_.untickAll);
+}
+
+QString MessagesModel::bySenderSymbol() const {
+    return qtText(words_.bySenderSymbol);
+}
+
+QString MessagesModel::bySenderLabel() const {
+    return qtText(words_.bySender);
+}
+
+QString MessagesModel::bySenderHelp() const {
+    return qtText(words_.bySenderHelp);
+}
+
+QString MessagesModel::scrollLine() const {
+    return qtText(scrollLine_);
 }
 
 }  // namespace brindlet::screens

@@ -1,47 +1,60 @@
 #include "screens/results/ResultsModel.h"
 
+#include <algorithm>
+
 #include "screens/QtText.h"
 #include "session/AppState.h"
 #include "words/SpokenWords.h"
 
 namespace brindlet::screens {
 
-ResultsModel::ResultsModel(AppState& state) : state_(state), categories_(*this), messages_(state) {}
+ResultsModel::ResultsModel(AppState& state)
+    : state_(state), categories_(*this), messages_(state), undo_(state), offer_(state) {}
 
 void ResultsModel::refresh() {
     refreshLists();
+    undo_.refresh();
+    offer_.refresh();
     auto words = resultsWords(state_);
     if (words == words_) return;
     words_ = std::move(words);
     Q_EMIT wordsChanged();
 }
 
-// Only another list of verdicts is walked; everything else costs a few comparisons.
+// Only another list of messages is walked; everything else costs a few comparisons.
 void ResultsModel::refreshLists() {
-    const Revisions now{state_.verdicts.revision(), state_.folder.revision(),
-                        state_.expand.revision(), state_.approved.revision()};
-    const bool otherVerdicts = !shown_ || shown_->verdicts != now.verdicts;
-    const bool otherCategory =
-        !shown_ || shown_->expand != now.expand || shown_->folder != now.folder;
-    const bool otherTicks = !shown_ || shown_->approved != now.approved;
+    const Revisions now{state_.verdicts.revision(), state_.movedAlready.revision(),
+                        state_.folder.revision(), state_.expand.revision()};
+    const bool otherMessages =
+        !shown_ || shown_->verdicts != now.verdicts || shown_->moved != now.moved;
+    const bool sameRows = shown_ == now;
     shown_ = now;
 
-    if (otherVerdicts) rows_ = categoryRows(*state_.verdicts);
-    const auto headers = categoryWords(state_, rows_);
-    if (otherVerdicts || otherCategory)
-        resetMessages(headers);
-    else if (otherTicks)
-        messages_.ticksChanged();
-    categories_.set(headers);
+    if (otherMessages) rows_ = categoryRows(*state_.verdicts, state_.remainingVerdicts());
+    if (sameRows)
+        messages_.refresh();
+    else
+        showOpenCategory();
+    categories_.set(categoryWords(state_, rows_));
 }
 
-void ResultsModel::resetMessages(const std::vector<CategoryWords>& headers) {
-    for (std::size_t i = 0; i < headers.size(); ++i) {
-        if (!headers[i].expanded) continue;
-        messages_.reset(rows_[i], headers[i].stayPut);
-        return;
-    }
-    messages_.clear();
+void ResultsModel::showOpenCategory() {
+    for (const auto& rows : rows_)
+        if (*state_.expand == rows.category) return messages_.show(rows);
+    messages_.close();
+}
+
+void ResultsModel::leave() {
+    closeCategory();
+    shown_.reset();
+}
+
+/// What was open on this screen was looked at.
+void ResultsModel::closeCategory() {
+    const auto open = messages_.category();
+    if (!open) return;
+    messages_.close();
+    state_.markCategoryReviewed(*open);
 }
 
 QString ResultsModel::backName() const {
@@ -58,6 +71,22 @@ QString ResultsModel::summary() const {
 
 QString ResultsModel::scanAnotherLabel() const {
     return qtText(words_.scanAnother);
+}
+
+QString ResultsModel::rulesSymbol() const {
+    return qtText(words_.rulesSymbol);
+}
+
+QString ResultsModel::rulesLabel() const {
+    return qtText(words_.rules);
+}
+
+QString ResultsModel::historySymbol() const {
+    return qtText(words_.historySymbol);
+}
+
+QString ResultsModel::historyLabel() const {
+    return qtText(words_.history);
 }
 
 QString ResultsModel::nothing() const {
@@ -80,6 +109,18 @@ QString ResultsModel::quitLabel() const {
     return words_.scanError ? qtText(words_.scanError->quit) : QString();
 }
 
+QString ResultsModel::allMovedSymbol() const {
+    return words_.allMoved ? qtText(words_.allMoved->symbol) : QString();
+}
+
+QString ResultsModel::allMovedText() const {
+    return words_.allMoved ? qtText(words_.allMoved->text) : QString();
+}
+
+QString ResultsModel::allMovedNext() const {
+    return words_.allMoved ? qtText(words_.allMoved->next) : QString();
+}
+
 QString ResultsModel::messagesName() const {
     return qtText(spoken::messages);
 }
@@ -92,10 +133,46 @@ void ResultsModel::scanAnother() {
     state_.navigate(AppState::Screen::pick);
 }
 
+void ResultsModel::openRules() {
+    state_.navigate(AppState::Screen::rules);
+}
+
+void ResultsModel::openHistory() {
+    state_.navigate(AppState::Screen::history);
+}
+
+const CategoryRows* ResultsModel::category(int row) const {
+    const bool exists = row >= 0 && static_cast<std::size_t>(row) < rows_.size();
+    return exists ? &rows_[static_cast<std::size_t>(row)] : nullptr;
+}
+
 void ResultsModel::toggleCategory(int row) {
-    if (row < 0 || static_cast<std::size_t>(row) >= rows_.size()) return;
-    const auto category = rows_[static_cast<std::size_t>(row)].category;
-    state_.expand.set(*state_.expand == category ? std::nullopt : std::optional(category));
+    const auto* rows = category(row);
+    if (!rows) return;
+    openCategory(*state_.expand == rows->category ? std::nullopt : std::optional(rows->category));
+}
+
+void ResultsModel::openCategory(std::optional<Category> category) {
+    closeCategory();
+    state_.expand.set(category);
+}
+
+void ResultsModel::tickCategory(int row) {
+    const auto* rows = category(row);
+    if (!rows || rows->tickable.empty()) return;
+    state_.setCategoryTicked(rows->category, tickCount(state_, *rows).wouldTick());
+}
+
+void ResultsModel::jumpToReviewed() {
+    if (state_.reviewedCats->empty()) return;
+    const auto last = fromRaw<Category>(state_.reviewedCats->back());
+    const auto found = std::find_if(rows_.begin(), rows_.end(),
+                                    [&](const auto& rows) { return rows.category == last; });
+    if (found == rows_.end()) return;
+    if (*state_.expand != last) openCategory(last);
+    // Its row must have its height before the view goes there.
+    refresh();
+    Q_EMIT jumped(static_cast<int>(found - rows_.begin()));
 }
 
 void ResultsModel::quit() {

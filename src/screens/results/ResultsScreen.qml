@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import QtQuick.Window
 import Brindlet.Screens
 
@@ -9,128 +8,174 @@ FocusScope {
 
     required property ResultsModel model
 
+    readonly property bool settled: page.settled && bars.settled
     readonly property Item focusItem: Window.activeFocusItem
+    // What had the keyboard is gone, and Tab would begin all over.
+    readonly property bool focusLost: focusItem === root
+                                      || (focusItem !== null && !focusItem.visible)
+    property CategoryCard openCard: null
+    // Where the keyboard was last, beside the bars.
+    property Item pageFocus: null
 
     objectName: "resultsScreen"
     focus: true
 
-    Keys.onEscapePressed: root.model.back()
-    onFocusItemChanged: root.reveal()
+    Keys.onEscapePressed: {
+        if (root.model.messages.filter !== "")
+            root.model.messages.filter = "";
+        else
+            root.model.back();
+    }
+    onFocusItemChanged: {
+        if (page.holds(root.focusItem) && !(root.focusItem instanceof TabStop))
+            root.pageFocus = root.focusItem instanceof MessageRow ? root.focusItem.list
+                                                                  : root.focusItem;
+    }
+    onFocusLostChanged: lost.restart()
 
-    // Scrolls no further than needed to show what the keyboard came to. Not for the mouse: a button
-    // that moves away under the pointer is not clicked.
-    function reveal(): void {
-        if (root.focusItem !== null && Theme.keyboardLeads)
-            root.show(root.focusItem.mapToItem(page, 0, 0).y, root.focusItem.height);
+    function adopt(card: CategoryCard): void {
+        card.toggleAsked.connect(() => hold.card = card);
+        card.sectionChanged.connect(() => root.noticeSection(card));
+        card.bars = bars;
     }
 
-    function show(top: real, height: real): void {
-        const least = top + height + Theme.space5 - flick.height;
-        flick.contentY = Math.max(0, Math.min(Math.max(flick.contentY, least), top - Theme.space5));
+    function noticeSection(card: CategoryCard): void {
+        if (card.section !== null)
+            root.openCard = card;
+        else if (root.openCard === card)
+            root.openCard = null;
     }
 
-    Flickable {
-        id: flick
+    // From the bars, which stand behind the open list or else behind the last category.
+    function leaveBars(forward: bool): void {
+        if (forward)
+            (root.openCard !== null ? root.openCard.section.tabStop : lastStop).goOn();
+        else if (root.openCard !== null)
+            root.openCard.section.list.forceActiveFocus(Qt.BacktabFocusReason);
+        else
+            (categories.itemAt(categories.count - 1) as CategoryCard).focusHeader();
+    }
+
+    // In the midst of the change that took it, the focus cannot be given back.
+    Timer {
+        id: lost
+
+        interval: 0
+        onTriggered: {
+            if (root.focusLost && root.pageFocus !== null && root.pageFocus.visible)
+                root.pageFocus.forceActiveFocus();
+        }
+    }
+    Shortcut {
+        sequences: ["Ctrl+Z"]
+        enabled: root.model.undo.shown
+        onActivated: root.model.undo.press()
+    }
+    Shortcut {
+        sequences: ["Ctrl+F"]
+        enabled: root.openCard !== null
+        onActivated: root.openCard.section.find()
+    }
+    Connections {
+        target: root.model
+
+        function onJumped(row: int): void {
+            const card = categories.itemAt(row) as CategoryCard;
+            page.reveal(card);
+            card.focusHeader();
+        }
+    }
+    ScrollPage {
+        id: page
 
         objectName: "resultsPage"
         anchors.fill: parent
-        contentHeight: page.height
-        boundsBehavior: Flickable.StopAtBounds
+        covered: bars.covered
 
-        T.ScrollBar.vertical: SectionScrollBar {}
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: Theme.space1
 
-        Item {
-            id: page
-
-            width: flick.width
-            height: body.y + body.height + Theme.space6
-
-            ColumnLayout {
-                id: body
-
-                anchors.horizontalCenter: parent.horizontalCenter
-                y: Theme.space5
-                width: Math.min(root.width - 2 * Theme.space6, Theme.measure)
-                spacing: Theme.space3
-
-                RowLayout {
-                    Layout.fillWidth: true
-                    spacing: Theme.space1
-
-                    BackButton {
-                        objectName: "back"
-                        help: root.model.backName
-                        onClicked: root.model.back()
-                    }
-                    Item {
-                        Layout.fillWidth: true
-                    }
-                    GhostButton {
-                        objectName: "scanAnother"
-                        text: root.model.scanAnotherLabel
-                        onClicked: root.model.scanAnother()
-                    }
-                }
-                ColumnLayout {
-                    Layout.fillWidth: true
-                    Layout.bottomMargin: Theme.space1
-                    spacing: 6
-
-                    PageTitle {
-                        objectName: "resultsTitle"
-                        text: root.model.title
-                    }
-                    Txt {
-                        objectName: "summary"
-                        Layout.fillWidth: true
-                        text: root.model.summary
-                        size: Theme.rowSize
-                        color: Theme.ink2
-                        wrapMode: Text.WordWrap
-                        lineHeight: 1.25
-                    }
-                }
-                Banner {
-                    objectName: "stoppedBar"
-                    Layout.fillWidth: true
-                    visible: root.model.stopped
-                    symbol: root.model.stoppedSymbol
-                    title: root.model.stoppedTitle
-                    text: root.model.stoppedText
-
-                    GhostButton {
-                        objectName: "quit"
-                        text: root.model.quitLabel
-                        boxed: true
-                        tint: Theme.orangeInk
-                        implicitHeight: 36
-                        onClicked: root.model.quit()
-                    }
-                }
-                Banner {
-                    objectName: "nothingBar"
-                    Layout.fillWidth: true
-                    visible: root.model.nothing !== "" && categories.count > 0
-                    symbol: "checkmark.circle"
-                    text: root.model.nothing
-                    tint: Theme.green
-                    ink: Theme.greenInk
-                }
-                EmptyResult {
-                    Layout.fillWidth: true
-                    visible: root.model.nothing !== "" && categories.count === 0
-                    text: root.model.nothing
-                }
-                Repeater {
-                    id: categories
-
-                    model: root.model.categories
-
-                    CategoryCard {
-                        Layout.fillWidth: true
-                    }
-                }
+            BackButton {
+                objectName: "back"
+                help: root.model.backName
+                onClicked: root.model.back()
+            }
+            Item {
+                Layout.fillWidth: true
+            }
+            GhostButton {
+                objectName: "scanAnother"
+                text: root.model.scanAnotherLabel
+                onClicked: root.model.scanAnother()
+            }
+            GhostButton {
+                objectName: "rules"
+                symbol: root.model.rulesSymbol
+                text: root.model.rulesLabel
+                onClicked: root.model.openRules()
+            }
+            GhostButton {
+                objectName: "history"
+                symbol: root.model.historySymbol
+                text: root.model.historyLabel
+                onClicked: root.model.openHistory()
             }
         }
+        ColumnLayout {
+            Layout.fillWidth: true
+            Layout.bottomMargin: Theme.space1
+            spacing: 6
+
+            PageTitle {
+                objectName: "resultsTitle"
+                text: root.model.title
+            }
+            Txt {
+                objectName: "summary"
+                Layout.fillWidth: true
+                text: root.model.summary
+                size: Theme.rowSize
+                color: Theme.ink2
+                wrapMode: Text.WordWrap
+                lineHeight: 1.25
+            }
+        }
+        ResultsBanners {
+            Layout.fillWidth: true
+            model: root.model
+            empty: categories.count === 0
+        }
+        Repeater {
+            id: categories
+
+            model: root.model.categories
+            onItemAdded: (index, item) => root.adopt(item as CategoryCard)
+
+            CategoryCard {
+                Layout.fillWidth: true
+            }
+        }
+        TabStop {
+            id: lastStop
+
+            enabled: bars.shown && root.openCard === null
+            onReached: forward => bars.enter(forward)
+        }
+    }
+    HeldPlace {
+        id: hold
+
+        page: page
+    }
+    ReviewBars {
+        id: bars
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: root.height - height - Theme.space5
+        width: Math.min(root.width - 2 * Theme.space6, Theme.measure)
+        undo: root.model.undo
+        offer: root.model.offer
+        onPassed: forward => root.leaveBars(forward)
     }
 }

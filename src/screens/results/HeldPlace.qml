@@ -1,0 +1,39 @@
+import QtQuick
+import Brindlet.Screens
+
+// Keeps the card that was last opened or closed where it is in the window, whatever grows or goes
+// above it, and brings what it opens into sight.
+QtObject {
+    id: root
+
+    required property ScrollPage page
+    property CategoryCard card: null
+    property real lastY: 0
+
+    onCardChanged: root.lastY = root.card !== null ? root.card.y : 0
+
+    readonly property Connections watch: Connections {
+        target: root.card
+
+        function onYChanged(): void {
+            root.page.shift(root.card.y - root.lastY);
+            root.lastY = root.card.y;
+            root.soon.restart();
+        }
+
+        function onHeightChanged(): void {
+            root.soon.restart();
+        }
+    }
+
+    // When the page has taken all of its new shape.
+    readonly property Timer soon: Timer {
+        interval: 0
+        onTriggered: root.show()
+    }
+
+    function show(): void {
+        if (root.card !== null && root.card.section !== null)
+            root.page.reveal(root.card);
+    }
+}

@@ -93,11 +93,36 @@ std::string_view trimBlanks(std::string_view text) {
 std::string_view trimBlanksAndNewlines(std::string_view text) {
     return trim(text, isBlankOrNewline);
 }
+std::string_view trimSpacesAndTabs(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
 bool containsBlank(std::string_view text) {
     return containsAny(text, isBlank);
 }
 bool containsDecimalDigit(std::string_view text) {
     return containsAny(text, isDecimalDigit);
+}
+
+std::vector<std::string_view> nonEmptyPieces(std::string_view text, char separator) {
+    std::vector<std::string_view> pieces;
+    while (true) {
+        const auto end = text.find(separator);
+        if (end != 0 && !text.empty()) pieces.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) return pieces;
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::string withoutParts(std::string_view text, std::string_view part) {
+    std::string left;
+    while (true) {
+        const auto found = text.find(part);
+        left += text.substr(0, found);
+        if (found == std::string_view::npos) return left;
+        text.remove_prefix(found + part.size());
+    }
 }
 
 std::optional<std::int64_t> parseInt64(std::string_view text) {

@@ -25,8 +25,15 @@ bool isLetterOrNumber(char32_t c);
 
 std::string_view trimBlanks(std::string_view text);
 std::string_view trimBlanksAndNewlines(std::string_view text);
+/// Takes off U+0020 and U+0009 alone: other space separators stay.
+std::string_view trimSpacesAndTabs(std::string_view text);
 bool containsBlank(std::string_view text);
 bool containsDecimalDigit(std::string_view text);
+
+/// What lies between the separators, empty pieces left out.
+std::vector<std::string_view> nonEmptyPieces(std::string_view text, char separator);
+/// The text without any of these parts, looked for once from left to right.
+std::string withoutParts(std::string_view text, std::string_view part);
 
 /// One optional sign, then ASCII digits, and nothing else; none when it is anything else or does
 /// not fit 64 bits.

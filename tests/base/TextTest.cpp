@@ -24,6 +24,33 @@ TEST(TrimBlanksAndNewlines, TakesLineEndsOfEveryKindToo) {
     EXPECT_EQ(trimBlanksAndNewlines(" \n"), "");
 }
 
+TEST(TrimSpacesAndTabs, LeavesAllOtherWhiteSpace) {
+    EXPECT_EQ(trimSpacesAndTabs("\t a b \t"), "a b");
+    EXPECT_EQ(trimSpacesAndTabs("\u00a0 a \u3000"), "\u00a0 a \u3000");
+    EXPECT_EQ(trimSpacesAndTabs(" a\n"), "a\n");
+    EXPECT_EQ(trimSpacesAndTabs(" \t "), "");
+    EXPECT_EQ(trimSpacesAndTabs(""), "");
+}
+
+TEST(NonEmptyPieces, AreWhatLiesBetweenSeparators) {
+    using Pieces = std::vector<std::string_view>;
+    EXPECT_EQ(nonEmptyPieces("a|b|c", '|'), (Pieces{"a", "b", "c"}));
+    EXPECT_EQ(nonEmptyPieces("||a||b|", '|'), (Pieces{"a", "b"}));
+    EXPECT_EQ(nonEmptyPieces(" | ", '|'), (Pieces{" ", " "}));
+    EXPECT_EQ(nonEmptyPieces("a", '|'), (Pieces{"a"}));
+    EXPECT_EQ(nonEmptyPieces("|", '|'), Pieces());
+    EXPECT_EQ(nonEmptyPieces("", '|'), Pieces());
+}
+
+TEST(WithoutParts, LooksOnceFromLeftToRight) {
+    EXPECT_EQ(withoutParts("a--b--c", "--"), "abc");
+    EXPECT_EQ(withoutParts("-----", "--"), "-");
+    EXPECT_EQ(withoutParts("eexx", "ex"), "ex");
+    EXPECT_EQ(withoutParts("--", "--"), "");
+    EXPECT_EQ(withoutParts("abc", "--"), "abc");
+    EXPECT_EQ(withoutParts("", "--"), "");
+}
+
 TEST(WhiteSpace, IsUnicodesProperty) {
     for (const char32_t c :
          {U'\t', U'\n', U'\v', U'\f', U'\r', U' ', U'\u0085', U'\u00a0', U'\u1680', U'\u2000',

@@ -7,9 +7,11 @@
 #include "platform/Services.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/LinuxPower.h"
+#include "platform/linux/NoRunningApps.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/linux/XdgDesktop.h"
+#include "platform/posix/PosixProcessRunner.h"
 #include "platform/posix/RunLoop.h"
 
 namespace brindlet::tools {
@@ -43,10 +45,15 @@ struct ToolWorld {
     LinuxPower power;
     XdgDesktop desktop;
     SystemLocale locale;
+    PosixProcessRunner processes;
+    NoRunningApps runningApps;
+    /// None unless one is named, so that no script ever reaches the person's own mail program.
+    std::string scriptHost;
 
     /// The model must outlive what is built over the services.
     Services services(LanguageModel& model) {
-        return {clock, directories, loop, defaults, model, power, desktop, locale};
+        return {clock,   directories, loop,      defaults,    model,     power,
+                desktop, locale,      processes, runningApps, scriptHost};
     }
 };
 

@@ -6,10 +6,12 @@
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/Memory.h"
+#include "platform/linux/NoRunningApps.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/linux/XdgDesktop.h"
 #include "platform/linux/XdgDirectories.h"
+#include "platform/posix/PosixProcessRunner.h"
 #include "session/AppState.h"
 
 int main(int argc, char** argv) {
@@ -23,10 +25,12 @@ int main(int argc, char** argv) {
     XdgDesktop desktop;
     FileUserDefaults defaults(directories.configuration() + "/defaults.json");
     EmbeddedModel model;
+    PosixProcessRunner processes;
+    NoRunningApps runningApps;
 
     const QGuiApplication application(argc, argv);
     QtMainQueue queue;
-    const auto state =
-        AppState::make({clock, directories, queue, defaults, model, power, desktop, locale});
+    const auto state = AppState::make({clock, directories, queue, defaults, model, power, desktop,
+                                       locale, processes, runningApps, "/usr/bin/osascript"});
     runApplication(*state, queue);
 }

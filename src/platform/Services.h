@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace brindlet {
 
 class Clock;
@@ -9,10 +11,12 @@ class LanguageModel;
 class Locale;
 class MainQueue;
 class Power;
+class ProcessRunner;
+class RunningApps;
 class UserDefaults;
 
-/// All seams together. A program's own main makes the adapters, which outlive everything built over
-/// them.
+/// All seams together, and the one setting that goes with them. A program's own main makes the
+/// adapters, which outlive everything built over them.
 struct Services {
     Clock& clock;
     Directories& directories;
@@ -22,6 +26,10 @@ struct Services {
     Power& power;
     Desktop& desktop;
     Locale& locale;
+    ProcessRunner& processes;
+    RunningApps& runningApps;
+    /// The program that runs the scripts for the mail program.
+    std::string scriptHost;
 };
 
 }  // namespace brindlet

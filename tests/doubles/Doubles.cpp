@@ -255,6 +255,7 @@ World& World::lasting() {
 
 void World::retire() {
     model.release();
+    processes.release();
     mainQueue.end();
     directories.clear();
 }

@@ -6,12 +6,14 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <thread>
 #include <variant>
 #include <vector>
 
 #include "base/ThreadSafety.h"
+#include "doubles/ScriptedProcessRunner.h"
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
 #include "platform/Directories.h"
@@ -19,6 +21,7 @@
 #include "platform/Locale.h"
 #include "platform/MainQueue.h"
 #include "platform/Power.h"
+#include "platform/RunningApps.h"
 #include "platform/Services.h"
 #include "platform/UserDefaults.h"
 
@@ -194,6 +197,16 @@ class FixedLocale : public Locale {
     std::string words = "X";
 };
 
+class SettableRunningApps : public RunningApps {
+  public:
+    bool isRunning(const std::string& bundleIdentifier) const override {
+        return running.get().contains(bundleIdentifier);
+    }
+
+    /// Bundle identifiers; at first the mail program's.
+    Locked<std::set<std::string>> running{std::set<std::string>{"com.apple.mail"}};
+};
+
 /// All doubles together.
 struct World {
     ManualClock clock;
@@ -204,9 +217,13 @@ struct World {
     SettablePower power;
     RecordingDesktop desktop;
     FixedLocale locale;
+    ScriptedProcessRunner processes;
+    SettableRunningApps runningApps;
+    std::string scriptHost = "/doubles/osascript";
 
     Services services() {
-        return {clock, directories, mainQueue, defaults, model, power, desktop, locale};
+        return {clock,   directories, mainQueue, defaults,    model,     power,
+                desktop, locale,      processes, runningApps, scriptHost};
     }
 
     /// A world that lasts as long as the process, as the real adapters do: for tests whose subject

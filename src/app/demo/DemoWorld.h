@@ -8,8 +8,10 @@
 #include "platform/Directories.h"
 #include "platform/Power.h"
 #include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/NoRunningApps.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
+#include "platform/posix/PosixProcessRunner.h"
 
 namespace brindlet::demo {
 
@@ -69,6 +71,10 @@ struct DemoWorld {
     PacedModel model;
     PluggedPower power;
     SayingDesktop desktop;
+    PosixProcessRunner processes;
+    NoRunningApps runningApps;
+    /// None, so that no script ever reaches the person's own mail program.
+    std::string scriptHost;
 };
 
 }  // namespace brindlet::demo

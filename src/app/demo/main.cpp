@@ -37,7 +37,8 @@ int runDemo(const Options& options, const std::string& root) {
     prepareToolkit();
     QtMainQueue queue;
     const auto state = AppState::make({world.clock, world.directories, queue, world.defaults,
-                                       world.model, world.power, world.desktop, world.locale});
+                                       world.model, world.power, world.desktop, world.locale,
+                                       world.processes, world.runningApps, world.scriptHost});
     MainWindow main(*state);
     main.model().setDark(!options.light);
     if (!main.show()) return EXIT_FAILURE;

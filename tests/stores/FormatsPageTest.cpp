@@ -4,6 +4,7 @@
 
 #include "stores/Calibration.h"
 #include "stores/History.h"
+#include "stores/Interrupted.h"
 #include "stores/Rules.h"
 #include "stores/Schedule.h"
 #include "stores/Seen.h"
@@ -98,6 +99,17 @@ TEST(FormatsPage, ShowsAScanAsItIsWritten) {
     ASSERT_TRUE(saved);
     history.writeScan(*saved, Date::fromUnix(1700000000));
     EXPECT_EQ(parts(world.text("scans/1700000000.json")), parts(text));
+}
+
+TEST(FormatsPage, ShowsAnUnfinishedMoveAsItIsWritten) {
+    StoreWorld world;
+    const auto text = example("`pending-move.json`");
+    world.put("pending-move.json", text);
+    Interrupted interrupted(world.services());
+    ASSERT_TRUE(*interrupted.pending);
+    EXPECT_EQ((*interrupted.pending)->remaining.size(), 2u);
+    interrupted.markDone({});
+    EXPECT_EQ(parts(world.text("pending-move.json")), parts(text));
 }
 
 TEST(FormatsPage, ShowsTheWatchedMailboxesAsTheyAreWritten) {

@@ -5,6 +5,7 @@
 #include "stores/Calibration.h"
 #include "stores/Destinations.h"
 #include "stores/History.h"
+#include "stores/Interrupted.h"
 #include "stores/Rules.h"
 #include "stores/Schedule.h"
 #include "stores/Seen.h"
@@ -15,8 +16,13 @@ namespace {
 
 struct AllStores {
     explicit AllStores(Services services)
-        : calibration(services), rules(services), history(services), seen(services) {}
+        : calibration(services),
+          interrupted(services),
+          rules(services),
+          history(services),
+          seen(services) {}
     Calibration calibration;
+    Interrupted interrupted;
     Rules rules;
     History history;
     Seen seen;
@@ -24,6 +30,9 @@ struct AllStores {
     /// Changes each, as a person would.
     void change(const std::string& mark) {
         calibration.record(Category::newsletterOrDigest, Rule::Verdict::keep, mark);
+        PendingMove move;
+        move.remaining = {{1, mark}};
+        interrupted.begin(move);
         rules.add(mark + "@x.example", std::nullopt, Rule::Verdict::junk, Rule::Scope::always, mark,
                   {});
         ScanRecord record;
@@ -34,6 +43,8 @@ struct AllStores {
     }
     void expectOnly(const std::string& mark) const {
         EXPECT_EQ(calibration.byCategory->at("newsletterOrDigest").keepSenders, std::vector{mark});
+        ASSERT_TRUE(*interrupted.pending);
+        EXPECT_EQ((*interrupted.pending)->remaining.front().messageID, mark);
         ASSERT_EQ(rules.all->size(), 1u);
         EXPECT_EQ(rules.all->front().example, mark);
         ASSERT_EQ(history.records->size(), 1u);
@@ -43,6 +54,7 @@ struct AllStores {
     }
     void expectEmpty() const {
         EXPECT_TRUE(calibration.byCategory->empty());
+        EXPECT_FALSE(*interrupted.pending);
         EXPECT_TRUE(rules.combined().empty());
         EXPECT_TRUE(history.records->empty());
         EXPECT_TRUE(history.deleted->empty());
@@ -77,8 +89,8 @@ TEST(Stores, ADirectoryThatCannotBeMadeGivesEmptyStoresThatWorkInMemory) {
 TEST(Stores, AFullDiskKeepsTheStateInMemory) {
     StoreWorld world;
     AllStores stores(world.services());
-    for (const char* name :
-         {"rules.json", "calibration.json", "history.json", "history-deleted.json", "seen.json"})
+    for (const char* name : {"rules.json", "calibration.json", "history.json",
+                             "history-deleted.json", "pending-move.json", "seen.json"})
         std::filesystem::create_symlink("/dev/full", world.file(name));
     stores.change("a");
     stores.expectOnly("a");
@@ -87,8 +99,8 @@ TEST(Stores, AFullDiskKeepsTheStateInMemory) {
 
 TEST(Stores, AFileThatIsADirectoryIsLikeNone) {
     StoreWorld world;
-    for (const char* name :
-         {"rules.json", "calibration.json", "history.json", "history-deleted.json", "seen.json"})
+    for (const char* name : {"rules.json", "calibration.json", "history.json",
+                             "history-deleted.json", "pending-move.json", "seen.json"})
         ASSERT_TRUE(files::createDirectories(world.file(name)));
     AllStores stores(world.services());
     stores.expectEmpty();
@@ -114,7 +126,8 @@ TEST(Stores, TheLastOfTwoWritersWins) {
 TEST(Stores, AHalfWrittenFileIsADamagedOne) {
     StoreWorld world;
     AllStores(world.services()).change("a");
-    for (const char* name : {"rules.json", "calibration.json", "history.json", "seen.json"}) {
+    for (const char* name :
+         {"rules.json", "calibration.json", "history.json", "pending-move.json", "seen.json"}) {
         const auto text = world.text(name);
         world.put(name, std::string_view(text).substr(0, text.size() / 2));
     }
@@ -122,6 +135,7 @@ TEST(Stores, AHalfWrittenFileIsADamagedOne) {
     stores.expectEmpty();
     EXPECT_TRUE(world.has("rules.json"));
     EXPECT_TRUE(world.has("seen.json"));
+    EXPECT_TRUE(world.has("pending-move.json"));
     EXPECT_TRUE(world.has("calibration.json.unreadable"));
     EXPECT_TRUE(world.has("history.json.unreadable"));
 }
@@ -131,12 +145,14 @@ TEST(Stores, AreOverwrittenInPlace) {
     AllStores stores(world.services());
     stores.change("a");
     // Another name for the same file shows that it is neither renamed over nor removed.
-    for (const char* name : {"rules.json", "calibration.json", "history.json", "seen.json"})
+    for (const char* name :
+         {"rules.json", "calibration.json", "history.json", "pending-move.json", "seen.json"})
         std::filesystem::create_hard_link(world.file(name), world.directories.root() + "/" + name);
     stores.change("b");
-    for (const char* name : {"rules.json", "calibration.json", "history.json", "seen.json"})
+    for (const char* name :
+         {"rules.json", "calibration.json", "history.json", "pending-move.json", "seen.json"})
         EXPECT_EQ(files::read(world.directories.root() + "/" + name), world.text(name)) << name;
-    EXPECT_EQ(files::list(world.directories.store())->size(), 6u) << "no file beside them";
+    EXPECT_EQ(files::list(world.directories.store())->size(), 7u) << "no file beside them";
 }
 
 TEST(Stores, AnEmptyDirectoryMeansTheWorkingOne) {

@@ -16,11 +16,11 @@ namespace brindlet {
 namespace {
 
 using IDs = std::set<std::string>;
-using Clock = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
 using enum Mover::Phase;
 
 /// A sleep that only lets others have their turn.
-class YieldingClock : public brindlet::Clock {
+class YieldingClock : public Clock {
   public:
     Date now() const override { return {}; }
     bool sleep(double, const CancelToken&) override {
@@ -101,14 +101,14 @@ TEST(MoverChild, GetsTheScriptAndTheFilesAndIsHeard) {
 
 TEST(MoverChild, AStopEndsItWithinASecond) {
     ShellWorld world("echo a@x >> \"$done\"; printf 'move|1|3' > \"$progress\"\nexec sleep 1000\n");
-    Clock::time_point stopped{};
+    Steady::time_point stopped{};
     const auto outcome =
         world.mover.moveMessages(world.request, false, [&](auto phase, auto, auto) {
-            if (phase != move || stopped != Clock::time_point{}) return;
-            stopped = Clock::now();
+            if (phase != move || stopped != Steady::time_point{}) return;
+            stopped = Steady::now();
             world.mover.stopMove();
         });
-    EXPECT_LT(Clock::now() - stopped, std::chrono::seconds(1));
+    EXPECT_LT(Steady::now() - stopped, std::chrono::seconds(1));
     EXPECT_EQ(outcome, (MoveOutcome{1, {"a@x"}, {}}));
     EXPECT_FALSE(hasChildren());
 }

@@ -43,7 +43,8 @@ struct Reader {
     explicit Reader(const std::string& home)
         : directories(home, world.directories.temporary()),
           store({world.clock, directories, world.mainQueue, world.defaults, world.model,
-                 world.power, world.desktop, world.locale}) {}
+                 world.power, world.desktop, world.locale, world.processes, world.runningApps,
+                 world.scriptHost}) {}
     doubles::World world;
     FixedDirectories directories;
     MailStore store;

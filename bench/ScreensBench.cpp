@@ -21,10 +21,12 @@
 #include "models/embedded/EmbeddedModel.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/LinuxPower.h"
+#include "platform/linux/NoRunningApps.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/linux/XdgDesktop.h"
 #include "platform/linux/XdgDirectories.h"
+#include "platform/posix/PosixProcessRunner.h"
 #include "screens/Stage.h"
 
 namespace brindlet {
@@ -69,10 +71,12 @@ double milliseconds(const QElapsedTimer& timer) {
     XdgDesktop desktop;
     FileUserDefaults defaults(directories.configuration() + "/defaults.json");
     EmbeddedModel model;
+    PosixProcessRunner processes;
+    NoRunningApps runningApps;
     const QGuiApplication application(argc, argv);
     QtMainQueue queue;
-    const auto state =
-        AppState::make({clock, directories, queue, defaults, model, power, desktop, locale});
+    const auto state = AppState::make({clock, directories, queue, defaults, model, power, desktop,
+                                       locale, processes, runningApps, ""});
     runApplication(*state, queue, [] { std::_Exit(EXIT_SUCCESS); });
 }
 

@@ -7,7 +7,7 @@ namespace brindlet {
 
 class Directories;
 
-/// Eight characters that no other run has, as a UUID begins with.
+/// Eight fresh characters of the kind that a UUID begins with.
 std::string freshSuffix();
 
 /// "brindlet-<kind>-<suffix>.txt" in the temporary folder.

@@ -8,22 +8,22 @@ namespace brindlet::doubles {
 class ScriptedProcessRunner::Process : public ChildProcess {
   public:
     Process(ScriptedProcessRunner& runner, std::vector<std::string> arguments)
-        : runner_(runner), run_{std::move(arguments), {}} {}
+        : runner_(runner), launch_{std::move(arguments), {}} {}
 
     bool launch() override {
         Lock lock(runner_.mutex_);
         if (!runner_.starts_) return false;
         launched_ = true;
-        index_ = runner_.runs_.size();
-        runner_.runs_.push_back(run_);
+        index_ = runner_.launches_.size();
+        runner_.launches_.push_back(launch_);
         runner_.changed_.notifyAll();
         return true;
     }
     void writeInput(std::string_view bytes) override {
-        run_.input = bytes;
+        launch_.input = bytes;
         {
             Lock lock(runner_.mutex_);
-            runner_.runs_[index_].input = bytes;
+            runner_.launches_[index_].input = bytes;
         }
         askOnce();
     }
@@ -55,12 +55,12 @@ class ScriptedProcessRunner::Process : public ChildProcess {
     /// The input comes before any second thread, so there is only one to ask.
     void askOnce() {
         if (asked_.exchange(true)) return;
-        Script script;
+        std::shared_ptr<Script> script;  // one for all launches, as it may count them
         {
             Lock lock(runner_.mutex_);
             script = runner_.script_;
         }
-        Reply reply = script(run_);
+        Reply reply = (*script)(launch_);
         Lock lock(runner_.mutex_);
         reply_ = std::move(reply);
     }
@@ -75,7 +75,7 @@ class ScriptedProcessRunner::Process : public ChildProcess {
     }
 
     ScriptedProcessRunner& runner_;
-    Run run_;
+    Launch launch_;
     std::size_t index_ = 0;
     std::atomic<bool> asked_ = false;
     bool launched_ BRINDLET_GUARDED_BY(runner_.mutex_) = false;
@@ -91,7 +91,7 @@ std::shared_ptr<ChildProcess> ScriptedProcessRunner::make(std::vector<std::strin
 
 void ScriptedProcessRunner::setScript(Script script) {
     Lock lock(mutex_);
-    script_ = std::move(script);
+    script_ = std::make_shared<Script>(std::move(script));
 }
 
 void ScriptedProcessRunner::setStarts(bool starts) {
@@ -110,14 +110,14 @@ void ScriptedProcessRunner::release() {
     changed_.notifyAll();
 }
 
-void ScriptedProcessRunner::waitForRuns(std::size_t count) {
+void ScriptedProcessRunner::waitForLaunches(std::size_t count) {
     Lock lock(mutex_);
-    while (runs_.size() < count) changed_.wait(mutex_);
+    while (launches_.size() < count) changed_.wait(mutex_);
 }
 
-std::vector<ScriptedProcessRunner::Run> ScriptedProcessRunner::runs() const {
+std::vector<ScriptedProcessRunner::Launch> ScriptedProcessRunner::launches() const {
     Lock lock(mutex_);
-    return runs_;
+    return launches_;
 }
 
 int ScriptedProcessRunner::terminations() const {

@@ -14,20 +14,20 @@ namespace brindlet::doubles {
 /// Processes that run no program: what each would say is a function of how it was started.
 class ScriptedProcessRunner : public ProcessRunner {
   public:
-    struct Run {
-        std::vector<std::string> arguments;
-        std::string input;
+    struct Launch {
+        std::vector<std::string> arguments = {};
+        std::string input = {};
     };
     struct Reply {
-        std::string output;
-        std::string error;
+        std::string output = {};
+        std::string error = {};
         int status = 0;
         /// How often it answers that it still runs.
         int polls = 0;
     };
-    /// Asked once a run, when its input has been written, or at the first look at a run without
-    /// one. May do what the program would, or what a person does meanwhile.
-    using Script = std::function<Reply(const Run&)>;
+    /// Asked once a launch, when the input has been written, or else at the first look. May do what
+    /// the program would, or what a person does meanwhile.
+    using Script = std::function<Reply(const Launch&)>;
 
     std::shared_ptr<ChildProcess> make(std::vector<std::string> arguments) override;
 
@@ -38,17 +38,18 @@ class ScriptedProcessRunner : public ProcessRunner {
     /// terminated says nothing.
     void block();
     void release();
-    /// Blocks until so many runs have been launched since the start.
-    void waitForRuns(std::size_t count);
-    std::vector<Run> runs() const;
+    /// Blocks until so many have been launched since the start.
+    void waitForLaunches(std::size_t count);
+    std::vector<Launch> launches() const;
     int terminations() const;
 
   private:
     class Process;
     mutable Mutex mutex_;
     Condition changed_;
-    Script script_ BRINDLET_GUARDED_BY(mutex_) = [](const Run&) { return Reply{}; };
-    std::vector<Run> runs_ BRINDLET_GUARDED_BY(mutex_);
+    std::shared_ptr<Script> script_ BRINDLET_GUARDED_BY(mutex_) =
+        std::make_shared<Script>([](const Launch&) { return Reply{}; });
+    std::vector<Launch> launches_ BRINDLET_GUARDED_BY(mutex_);
     bool starts_ BRINDLET_GUARDED_BY(mutex_) = true;
     bool blocked_ BRINDLET_GUARDED_BY(mutex_) = false;
     int terminations_ BRINDLET_GUARDED_BY(mutex_) = 0;

@@ -102,7 +102,8 @@ TEST(IndexSnapshot, IsTakenAfreshForEveryReadAndTwiceForAnEmptyMailbox) {
     CountingDirectories directories(home.world.directories);
     doubles::World& world = home.world;
     const MailStore store({world.clock, directories, world.mainQueue, world.defaults, world.model,
-                           world.power, world.desktop, world.locale});
+                           world.power, world.desktop, world.locale, world.processes,
+                           world.runningApps, world.scriptHost});
     EXPECT_EQ(store.messages(1, 0, 0).size(), 1u);
     EXPECT_EQ(directories.copies, 1);
     store.correspondents();

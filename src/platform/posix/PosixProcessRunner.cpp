@@ -36,7 +36,7 @@ class SpawnSettings {
         short flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
 #if defined(POSIX_SPAWN_CLOEXEC_DEFAULT)
         // Where a pipe is not born closed to children, one that starts just then would get it.
-        flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
+        flags = static_cast<short>(flags | POSIX_SPAWN_CLOEXEC_DEFAULT);
 #endif
         ::posix_spawnattr_setflags(&attributes, flags);
     }

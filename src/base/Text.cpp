@@ -18,6 +18,10 @@ bool isAscii(std::string_view text) {
     return true;
 }
 
+icu::StringPiece piece(std::string_view text) {
+    return {text.data(), static_cast<int32_t>(text.size())};
+}
+
 template <class Test>
 std::string_view trim(std::string_view text, Test test) {
     while (!text.empty()) {
@@ -55,9 +59,15 @@ std::string lowercased(std::string_view text) {
     }
     UErrorCode status = U_ZERO_ERROR;
     icu::StringByteSink<std::string> sink(&out);
-    icu::CaseMap::utf8ToLower("", 0,
-                              icu::StringPiece(text.data(), static_cast<int32_t>(text.size())),
-                              sink, nullptr, status);
+    icu::CaseMap::utf8ToLower("", 0, piece(text), sink, nullptr, status);
+    return U_SUCCESS(status) ? out : std::string(text);
+}
+
+std::string uppercased(std::string_view text) {
+    std::string out;
+    UErrorCode status = U_ZERO_ERROR;
+    icu::StringByteSink<std::string> sink(&out);
+    icu::CaseMap::utf8ToUpper("", 0, piece(text), sink, nullptr, status);
     return U_SUCCESS(status) ? out : std::string(text);
 }
 

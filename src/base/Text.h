@@ -11,6 +11,8 @@ namespace brindlet {
 
 /// Full Unicode lower-casing, the root locale's: "BIN" gives "bin" whatever the user's language.
 std::string lowercased(std::string_view text);
+/// The same to upper case: "ß" gives "SS".
+std::string uppercased(std::string_view text);
 
 /// A blank: TAB or any space separator (Zs). Line ends are none.
 bool isBlank(char32_t c);

@@ -65,6 +65,14 @@ std::string lowercased(std::string_view text) {
     return U_SUCCESS(status) ? out : std::string(text);
 }
 
+std::string uppercased(std::string_view text) {
+    std::string out;
+    UErrorCode status = U_ZERO_ERROR;
+    icu::StringByteSink<std::string> sink(&out);
+    icu::CaseMap::utf8ToUpper("", 0, piece(text), sink, nullptr, status);
+    return U_SUCCESS(status) ? out : std::string(text);
+}
+
 std::string caseFolded(std::string_view text) {
     std::string out;
     appendCaseFolded(text, out);

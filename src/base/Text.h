@@ -16,6 +16,8 @@ std::string lowercased(std::string_view text);
 std::string caseFolded(std::string_view text);
 /// The same, added to the end of `out`.
 void appendCaseFolded(std::string_view text, std::string& out);
+/// The same to upper case: "ß" gives "SS".
+std::string uppercased(std::string_view text);
 
 /// A blank: TAB or any space separator (Zs). Line ends are none.
 bool isBlank(char32_t c);

@@ -122,15 +122,15 @@ std::set<std::string> MailStore::correspondents() const {
 }
 
 void MailStore::parseMailboxRow(std::int64_t id, std::string_view url, std::int64_t filed,
-                                std::int64_t labelled, FoldersByAccount& folders) {
+                                std::int64_t labelled, std::vector<MailAccount>& accounts) {
     constexpr std::string_view separator = "://";
     const auto scheme = url.find(separator);
     if (scheme == std::string_view::npos) return;
     const std::string_view rest = url.substr(scheme + separator.size());
     const auto slash = rest.find('/');
     if (slash == std::string_view::npos) return;
-    const std::string_view account = rest.substr(0, slash);
-    if (!hasExactlyGraphemes(account, 36)) return;
+    const std::string_view accountID = rest.substr(0, slash);
+    if (!hasExactlyGraphemes(accountID, 36)) return;
 
     const std::string_view path = rest.substr(slash + 1);
     MailFolder folder;
@@ -138,11 +138,17 @@ void MailStore::parseMailboxRow(std::int64_t id, std::string_view url, std::int6
     folder.name = percentDecoded(path).value_or(std::string(path));
     folder.count = std::max(filed, labelled);
     folder.role = MailFolder::roleForName(folder.name);
-    folders[std::string(account)].push_back(std::move(folder));
+    auto account = std::find_if(accounts.begin(), accounts.end(),
+                                [&](const MailAccount& each) { return each.id == accountID; });
+    if (account == accounts.end())
+        account = accounts.insert(
+            account,
+            MailAccount{.id = std::string(accountID), .address = {}, .name = {}, .folders = {}});
+    account->folders.push_back(std::move(folder));
 }
 
-std::vector<MailAccount> MailStore::loadAccounts(bool, bool) const {
-    FoldersByAccount folders;
+std::vector<MailAccount> MailStore::readAccounts() const {
+    std::vector<MailAccount> accounts;
     {
         Lock turn(indexTurn_);
         const auto copy = snapshotIndex();
@@ -150,14 +156,9 @@ std::vector<MailAccount> MailStore::loadAccounts(bool, bool) const {
         IndexReader reader(*copy, mailboxQuery);
         while (reader.step())
             parseMailboxRow(reader.integer(0), repaired(reader.bytes(1)), reader.integer(2),
-                            reader.integer(3), folders);
+                            reader.integer(3), accounts);
     }
-    std::vector<MailAccount> accounts;
-    for (auto& [id, list] : folders) {
-        sortFolders(list);
-        accounts.push_back({.id = id, .address = {}, .name = {}, .folders = std::move(list)});
-    }
-    sortAccounts(accounts);
+    for (auto& account : accounts) sortFolders(account.folders);
     return accounts;
 }
 

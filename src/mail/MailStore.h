@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/ThreadSafety.h"
+#include "mail/AccountDiscovery.h"
 #include "mail/MailAccount.h"
 #include "mail/MailMessage.h"
 #include "mail/MessagePaths.h"
@@ -59,10 +60,14 @@ class MailStore {
                                       std::int64_t since) const;
     /// Lower-cased addresses that the person has written to.
     std::set<std::string> correspondents() const;
-    /// The accounts with their folders, in the order that the screens show. Only the index is read:
-    /// whatever the two arguments say, an account has neither address nor name, and no folder that
-    /// the index does not know.
+    /// The accounts with their folders, in the order that the screens show. With `identify`, or
+    /// when nothing is remembered, the mail program and the system's account database are asked for
+    /// names and addresses; otherwise what they last said stands. With `mergeListing` the folders
+    /// are those that the mail program lists. Asking it starts it, and may take seconds.
     std::vector<MailAccount> loadAccounts(bool identify, bool mergeListing) const;
+    /// What the mail program's scripting answers; empty when it cannot be asked.
+    MailboxNames listMailboxNames() const;
+    std::vector<MailIdentity> listIdentities() const;
 
     /// The message files below an account's directory, by the number in their names. Of a whole and
     /// a partial file of one message, either may be given.
@@ -83,21 +88,31 @@ class MailStore {
     /// Does nothing without a link. Main thread.
     void openInMail(std::string_view messageID) const;
 
-    using FoldersByAccount = std::map<std::string, std::vector<MailFolder>>;
-    /// Adds the folder that one row of the mailbox query stands for; a row of another form is
-    /// dropped.
+    /// Adds the folder that one row of the mailbox query stands for to its account, which is made
+    /// when it is the first; a row of another form is dropped.
     static void parseMailboxRow(std::int64_t id, std::string_view url, std::int64_t filed,
-                                std::int64_t labelled, FoldersByAccount& folders);
+                                std::int64_t labelled, std::vector<MailAccount>& accounts);
 
   private:
+    struct Identified {
+        std::string address;
+        std::string name;
+    };
+    /// By account id.
+    using IdentityCache = std::map<std::string, Identified>;
+
     std::optional<std::string> findMailRoot() const;
+    std::vector<MailAccount> readAccounts() const;
+    void identify(std::vector<MailAccount>& accounts, bool afresh) const;
     std::optional<std::string> snapshotIndex() const BRINDLET_REQUIRES(indexTurn_);
 
     Services services_;
     mutable Mutex rootMutex_;
     mutable bool rootKnown_ BRINDLET_GUARDED_BY(rootMutex_) = false;
-    mutable std::optional<std::string> root_;  // never changes once it is known
-    mutable Mutex indexTurn_;                  // held from the copy to the close
+    mutable std::optional<std::string> root_;      // never changes once it is known
+    mutable Mutex indexTurn_;                      // held from the copy to the close
+    mutable Mutex accountsTurn_;                   // the same for the account database
+    mutable Locked<IdentityCache> identityCache_;  // empty before the first identification
 };
 
 }  // namespace brindlet

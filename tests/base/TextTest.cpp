@@ -119,6 +119,13 @@ TEST(Lowercased, MapsAllOfUnicode) {
     EXPECT_EQ(lowercased(""), "");
 }
 
+TEST(Uppercased, IsFullUnicodeCasing) {
+    EXPECT_EQ(uppercased("0a1b-été"), "0A1B-ÉTÉ");
+    EXPECT_EQ(uppercased("ß"), "SS");
+    EXPECT_EQ(uppercased("i"), "I");
+    EXPECT_EQ(uppercased(""), "");
+}
+
 TEST(Lowercased, CaresForNoLocale) {
     const std::string before = std::setlocale(LC_ALL, nullptr);
     // Where the system lacks the Turkish locale, this pins the ordinary one.

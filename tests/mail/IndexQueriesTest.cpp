@@ -152,26 +152,26 @@ TEST(Correspondents, AreTheLowerCasedAddressesOfSentMail) {
               (std::set<std::string>{"ann@x.example", "bob@x.example", "gift@x.example"}));
 }
 
-MailStore::FoldersByAccount foldersOf(std::string_view url) {
-    MailStore::FoldersByAccount folders;
-    MailStore::parseMailboxRow(7, url, 3, 5, folders);
-    return folders;
+std::vector<MailAccount> accountsOf(std::string_view url) {
+    std::vector<MailAccount> accounts;
+    MailStore::parseMailboxRow(7, url, 3, 5, accounts);
+    return accounts;
 }
 
 TEST(MailboxRow, BecomesAFolderOfItsAccount) {
-    const auto folders = foldersOf("imap://" + std::string(account) + "/Archive/2019");
-    ASSERT_EQ(folders.size(), 1u);
-    EXPECT_EQ(folders.begin()->first, account);
-    EXPECT_EQ(folders.begin()->second,
+    const auto accounts = accountsOf("imap://" + std::string(account) + "/Archive/2019");
+    ASSERT_EQ(accounts.size(), 1u);
+    EXPECT_EQ(accounts[0].id, account);
+    EXPECT_EQ(accounts[0].folders,
               (std::vector{MailFolder{7, "Archive/2019", 5, MailFolder::Role::custom}}));
 }
 
 TEST(MailboxRow, CountsTheLargerOfFiledAndLabelled) {
-    MailStore::FoldersByAccount folders;
+    std::vector<MailAccount> accounts;
     const std::string url = "imap://" + std::string(account) + "/INBOX";
-    MailStore::parseMailboxRow(1, url, 9, 2, folders);
-    MailStore::parseMailboxRow(2, url, 0, 0, folders);
-    EXPECT_EQ(folders.begin()->second,
+    MailStore::parseMailboxRow(1, url, 9, 2, accounts);
+    MailStore::parseMailboxRow(2, url, 0, 0, accounts);
+    EXPECT_EQ(accounts.at(0).folders,
               (std::vector{MailFolder{1, "INBOX", 9, MailFolder::Role::inbox},
                            MailFolder{2, "INBOX", 0, MailFolder::Role::inbox}}));
 }
@@ -182,24 +182,24 @@ TEST(MailboxRow, OfAnotherFormIsDropped) {
          std::vector<std::string>{"", id + "/INBOX", "imap:/" + id + "/INBOX", "imap://" + id,
                                   "imap://" + id + "x/INBOX", "imap://" + id.substr(1) + "/INBOX",
                                   "local:///INBOX", "imap://user@host/INBOX"})
-        EXPECT_TRUE(foldersOf(url).empty()) << url;
+        EXPECT_TRUE(accountsOf(url).empty()) << url;
 }
 
 TEST(MailboxRow, AnyThirtySixCharactersAreAnAccount) {
-    EXPECT_EQ(foldersOf("x://" + std::string(36, 'z') + "/A").begin()->first, std::string(36, 'z'));
+    EXPECT_EQ(accountsOf("x://" + std::string(36, 'z') + "/A").at(0).id, std::string(36, 'z'));
     std::string accented;
     for (int i = 0; i < 36; ++i) accented += "e\u0301";
-    EXPECT_EQ(foldersOf("x://" + accented + "/A").size(), 1u);
-    EXPECT_TRUE(foldersOf("x://" + accented.substr(0, 36) + "/A").empty());
+    EXPECT_EQ(accountsOf("x://" + accented + "/A").size(), 1u);
+    EXPECT_TRUE(accountsOf("x://" + accented.substr(0, 36) + "/A").empty());
 }
 
 TEST(MailboxRow, TheFirstSeparatorCountsWhateverStandsBefore) {
-    EXPECT_EQ(foldersOf("a/b c://" + std::string(account) + "/A://B").begin()->second.at(0).name,
+    EXPECT_EQ(accountsOf("a/b c://" + std::string(account) + "/A://B").at(0).folders.at(0).name,
               "A://B");
 }
 
 TEST(MailboxRow, AnEmptyPathIsAFolderWithoutAName) {
-    EXPECT_EQ(foldersOf("imap://" + std::string(account) + "/").begin()->second,
+    EXPECT_EQ(accountsOf("imap://" + std::string(account) + "/").at(0).folders,
               (std::vector{MailFolder{7, "", 5, MailFolder::Role::custom}}));
 }
 
@@ -221,7 +221,7 @@ TEST(MailboxRow, NamesAreDecodedAsAWholeOrKeptRaw) {
     };
     for (const auto& [path, name] : rows)
         EXPECT_EQ(
-            foldersOf("imap://" + std::string(account) + '/' + path).begin()->second.at(0).name,
+            accountsOf("imap://" + std::string(account) + '/' + path).at(0).folders.at(0).name,
             name)
             << path;
 }

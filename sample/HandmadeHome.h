@@ -35,7 +35,7 @@ class HandmadeHome {
     struct Message {
         std::int64_t mailbox = 0;
         /// Without brackets; empty for none.
-        std::string messageId;
+        std::string messageId = {};
         std::string sender = "someone@pinebrook.example";
         std::string subject = "Hello";
         /// Later messages have later ones by themselves where this is 0.
@@ -43,8 +43,8 @@ class HandmadeHome {
         std::string body = "Hello";
         FileKind kind = FileKind::whole;
         /// The name of an attachment that lies apart; empty for none.
-        std::string attachment;
-        std::vector<std::int64_t> labels;
+        std::string attachment = {};
+        std::vector<std::int64_t> labels = {};
         bool withFile = true;
         bool read = false;
     };

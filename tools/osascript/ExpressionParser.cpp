@@ -29,9 +29,9 @@ constexpr std::array<std::string_view, 8> properties{
     "enabled", "selected messages", "selected mailboxes", "length"};
 
 /// Words that no variable is called.
-constexpr std::array<std::string_view, 22> reserved{
-    "and", "as", "at", "else",   "end",    "error", "exit repeat", "from", "if", "in",  "is",
-    "not", "of", "on", "repeat", "return", "set",   "tell",        "then", "to", "try", "whose"};
+constexpr std::array<std::string_view, 21> reserved{
+    "and", "as", "at",     "else",   "end", "error", "from", "if", "in",  "is",   "not",
+    "of",  "on", "repeat", "return", "set", "tell",  "then", "to", "try", "whose"};
 
 constexpr std::string_view messageCode = "class mssg";
 
@@ -191,6 +191,11 @@ class ExpressionParser {
         }
     }
 
+    Expression negative() {
+        if (tokens_.peek().kind != Kind::number) tokens_.fail("a number");
+        return literal(Value(-tokens_.take().number));
+    }
+
     Expression bracketed() {
         if (tokens_.skip("(")) {
             Expression inner = conjunction();
@@ -242,7 +247,8 @@ class ExpressionParser {
             expectUtf8(tokens_);
             return {Expression::ReadFile{std::move(file)}};
         }
-        if (std::find(reserved.begin(), reserved.end(), word) != reserved.end())
+        const bool term = word.find(' ') != std::string::npos;
+        if (term || std::find(reserved.begin(), reserved.end(), word) != reserved.end())
             tokens_.failBefore("expression");
         return {Expression::Variable{word}};
     }

@@ -49,7 +49,7 @@ constexpr std::array<std::string_view, 33> terms{
 constexpr std::string_view continuation = "¬";
 constexpr std::string_view rawStart = "«";
 constexpr std::string_view rawEnd = "»";
-constexpr std::array<std::string_view, 10> symbols{"&", "+", ">", "≥", "(",
+constexpr std::array<std::string_view, 11> symbols{"&", "+", "-", ">", "≥", "(",
                                                    ")", "{", "}", ",", ":"};
 
 bool isLetter(char c) {

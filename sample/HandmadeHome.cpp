@@ -28,7 +28,7 @@ std::string HandmadeHome::indexPath() const {
 
 std::size_t HandmadeHome::addAccount(const std::string& name, const std::string& address) {
     MailSettings::Account account;
-    account.id = identifierFor(name);
+    account.id = identifierFor(std::to_string(settings.accounts.size()) + name);
     account.name = name;
     if (!address.empty()) account.addresses.push_back(address);
     settings.accounts.push_back(std::move(account));

@@ -15,7 +15,7 @@
 ///     {"accounts":[{"id":"3B1F7C52-…","name":"Fernhill","scheme":"imap",
 ///       "addresses":["robin@fernhill.example"],"enabled":true,"gmail":false}],
 ///      "behaviour":{"secondsPerEvent":0.2,"slowServer":2,"moveMenu":"entryMissing",
-///       "gate":{"fifo":"/tmp/gate","beforeMove":3}}}
+///       "gate":{"fifo":"/some/fifo","beforeMove":3}}}
 ///
 /// An absent key means what the field starts as. Somebody may rewrite the file by hand at any time;
 /// the program reads it as it starts, and a script host starts it anew for each script.
@@ -83,6 +83,10 @@ struct MailSettings {
     std::vector<Account> accounts;
     Behaviour behaviour;
 };
+
+/// The environment variable by which a script host learns which home is its mail's. Whoever starts
+/// one can give it nothing but a script and the script's arguments; so it is inherited.
+inline constexpr const char* sampleHomeVariable = "BRINDLET_SAMPLE_HOME";
 
 std::string mailSettingsPath(const std::string& home);
 /// None when the file is missing or damaged.

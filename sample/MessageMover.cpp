@@ -103,33 +103,42 @@ bool MessageMover::makeDirectory(const std::string& path) {
     return true;
 }
 
-std::int64_t MessageMover::move(std::int64_t message, const Place& from, const Place& to,
-                                MailIndex::Labels labels) {
-    const Turn turn(lock_);
-    settleLocked();
-    if (!index_.begin()) return 0;
+MessageMover::Intention MessageMover::intended(std::int64_t message, const Place& from,
+                                               const Place& to) {
     Intention intention;
     intention.newRow = index_.nextRow();
-    const std::string newDirectory = messageDirectory(to.data, intention.newRow);
     for (const FileKind kind : {FileKind::whole, FileKind::partial}) {
         const std::string path =
             messageDirectory(from.data, message) + '/' + messageFileName(message, kind);
         if (!files::exists(path)) continue;
         intention.from = path;
-        intention.to = newDirectory + '/' + messageFileName(intention.newRow, kind);
+        intention.to = messageDirectory(to.data, intention.newRow) + '/' +
+                       messageFileName(intention.newRow, kind);
     }
     intention.attachmentsFrom = attachmentDirectory(from.data, message);
     intention.attachmentsTo = attachmentDirectory(to.data, intention.newRow);
+    return intention;
+}
 
+std::int64_t MessageMover::move(std::int64_t message, const Place& from, const Place& to,
+                                MailIndex::Labels labels) {
+    const Turn turn(lock_);
+    settleLocked();
+    if (!index_.begin()) return 0;
+    const Intention intention = intended(message, from, to);
+    // What is in the way is not ours to remove, as an undoing would.
+    if (!intention.to.empty() && files::exists(intention.to)) {
+        index_.rollBack();
+        return 0;
+    }
     note(intention);
     reached(MoveStep::noted);
-    bool good =
-        intention.from.empty() ||
-        (makeDirectory(newDirectory) && ::link(intention.from.c_str(), intention.to.c_str()) == 0);
+    const bool linked =
+        intention.to.empty() || (makeDirectory(folderOf(intention.to)) &&
+                                 ::link(intention.from.c_str(), intention.to.c_str()) == 0);
     reached(MoveStep::linked);
-    good = good && index_.refile(message, intention.newRow, to.mailbox, labels);
-    good = good && index_.commit();
-    if (!good) {
+    if (!linked || !index_.refile(message, intention.newRow, to.mailbox, labels) ||
+        !index_.commit()) {
         index_.rollBack();
         settleLocked();
         return 0;

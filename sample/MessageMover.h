@@ -52,6 +52,7 @@ class MessageMover {
         std::string attachmentsFrom, attachmentsTo;
     };
 
+    Intention intended(std::int64_t message, const Place& from, const Place& to);
     void settleLocked();
     void note(const Intention& intention) const;
     static void finish(const Intention& intention);

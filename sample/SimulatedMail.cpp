@@ -117,19 +117,19 @@ MessageMover::Place SimulatedMail::place(const Mailbox& mailbox) const {
             root + mailboxDataDirectory(settings_.accounts[mailbox.account].id, mailbox.path)};
 }
 
-bool SimulatedMail::move(std::int64_t message, std::int64_t from, std::int64_t to, Mover mover) {
+bool SimulatedMail::move(std::int64_t message, std::int64_t from, std::int64_t to, MovedBy by) {
     const auto source = mailbox(from);
     const auto destination = mailbox(to);
     if (!source || !destination || source->account != destination->account) return false;
     if (!index_->lists(from, message)) return false;
     if (from == to) return true;
     if (settings_.accounts[source->account].gmail)
-        return moveLabel(message, *source, *destination, mover);
+        return moveLabel(message, *source, *destination, by);
     return refileInTime(message, to);
 }
 
 bool SimulatedMail::moveLabel(std::int64_t message, const Mailbox& from, const Mailbox& to,
-                              Mover mover) {
+                              MovedBy by) {
     if (isGmailBin(to.path)) return refileInTime(message, to.row);
     const auto filed = mailbox(index_->filedIn(message));
     if (!filed) return false;
@@ -142,7 +142,7 @@ bool SimulatedMail::moveLabel(std::int64_t message, const Mailbox& from, const M
         return row != 0;
     }
     if (filed->row == to.row) return true;
-    const bool leaves = mover == Mover::person && from.path != allMail;
+    const bool leaves = by == MovedBy::person && from.path != allMail;
     if (leaves && filed->row == from.row) return refileInTime(message, to.row);
     index_->addLabel(message, to.row);
     if (leaves) index_->removeLabel(message, from.row);

@@ -56,10 +56,10 @@ class SimulatedMail {
 
     /// Who moves: on a Gmail account a script only adds a label, and a person takes the old one
     /// off.
-    enum class Mover { script, person };
+    enum class MovedBy { script, person };
     /// False when the message is not in `from`, or the move fails. What the server still has to do
     /// about it comes with time.
-    bool move(std::int64_t message, std::int64_t from, std::int64_t to, Mover mover);
+    bool move(std::int64_t message, std::int64_t from, std::int64_t to, MovedBy by);
 
     void advance(double seconds);
     /// Lets pass whatever time the server needs to come to rest.
@@ -71,7 +71,7 @@ class SimulatedMail {
 
     std::optional<Mailbox> parsed(const MailIndex::Mailbox& row) const;
     MessageMover::Place place(const Mailbox& mailbox) const;
-    bool moveLabel(std::int64_t message, const Mailbox& from, const Mailbox& to, Mover mover);
+    bool moveLabel(std::int64_t message, const Mailbox& from, const Mailbox& to, MovedBy by);
     /// Now, or when the server gets round to it.
     bool refileInTime(std::int64_t message, std::int64_t to);
     /// The message's new row id, or 0.

@@ -12,7 +12,7 @@ namespace brindlet::sample {
 namespace {
 
 using Strings = std::vector<std::string>;
-using Mover = SimulatedMail::Mover;
+using MovedBy = SimulatedMail::MovedBy;
 
 TEST(MessageMover, AMoveTakesTheFileAndGivesANewRow) {
     SmallWorld world;
@@ -20,7 +20,7 @@ TEST(MessageMover, AMoveTakesTheFileAndGivesANewRow) {
     const Strings before = world.files();
     const std::string text = files::read(world.home.dataRoot() + '/' + before.front()).value_or("");
     ASSERT_TRUE(SimulatedMail::open(world.home.home())
-                    ->move(world.a, world.inbox, world.junk, Mover::script));
+                    ->move(world.a, world.inbox, world.junk, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.inbox), (Strings{"c@h", "b@h"}));
     EXPECT_EQ(world.idsIn(world.junk), Strings{"a@h"});
     const std::int64_t row = world.number("SELECT MAX(ROWID) FROM messages");
@@ -43,8 +43,8 @@ TEST(MessageMover, WhatBelongsToAMessageFollowsIt) {
                                                     .attachment = "plan.pdf",
                                                     .labels = {world.other}});
     world.finish();
-    ASSERT_TRUE(
-        SimulatedMail::open(world.home.home())->move(row, world.inbox, world.junk, Mover::script));
+    ASSERT_TRUE(SimulatedMail::open(world.home.home())
+                    ->move(row, world.inbox, world.junk, MovedBy::script));
     const std::string now = std::to_string(row + 1);
     const auto found = world.files();
     const auto ends = [&](const std::string& tail) {
@@ -66,8 +66,8 @@ TEST(MessageMover, AMessageWithoutAFileMovesInTheIndexAlone) {
         world.home.addMessage({.mailbox = world.inbox, .messageId = "lost@h", .withFile = false});
     world.finish();
     const Strings before = world.files();
-    ASSERT_TRUE(
-        SimulatedMail::open(world.home.home())->move(row, world.inbox, world.junk, Mover::script));
+    ASSERT_TRUE(SimulatedMail::open(world.home.home())
+                    ->move(row, world.inbox, world.junk, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.junk), Strings{"lost@h"});
     EXPECT_EQ(world.files(), before);
 }
@@ -82,7 +82,7 @@ TEST(MessageMover, AFileThatCannotBeLinkedMovesNothing) {
                  "in the way");
     const Strings before = world.files();
     const auto mail = SimulatedMail::open(world.home.home());
-    EXPECT_FALSE(mail->move(world.a, world.inbox, world.junk, Mover::script));
+    EXPECT_FALSE(mail->move(world.a, world.inbox, world.junk, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.inbox).size(), 3u);
     EXPECT_EQ(world.files(), before);
 }
@@ -94,7 +94,7 @@ TEST(MessageMover, TalliesOfMailboxesFollow) {
         "SELECT total_count * 100 + unread_count FROM mailboxes"
         " WHERE ROWID = ";
     EXPECT_EQ(world.number(counts + std::to_string(world.inbox)), 303);
-    SimulatedMail::open(world.home.home())->move(world.a, world.inbox, world.junk, Mover::script);
+    SimulatedMail::open(world.home.home())->move(world.a, world.inbox, world.junk, MovedBy::script);
     EXPECT_EQ(world.number(counts + std::to_string(world.inbox)), 202);
     EXPECT_EQ(world.number(counts + std::to_string(world.junk)), 101);
 }
@@ -115,7 +115,7 @@ TEST_P(Kill, LeavesAMoveThatTheNextStartFinishesOrUndoes) {
             const auto mail = SimulatedMail::open(world.home.home(), [](MoveStep step) {
                 if (step == GetParam()) ::raise(SIGKILL);
             });
-            mail->move(row, world.inbox, world.junk, Mover::script);
+            mail->move(row, world.inbox, world.junk, MovedBy::script);
         },
         ::testing::KilledBySignal(SIGKILL), "");
     const bool committed = GetParam() == MoveStep::committed || GetParam() == MoveStep::removed;
@@ -135,7 +135,7 @@ TEST_P(Kill, LeavesAMoveThatTheNextStartFinishesOrUndoes) {
     EXPECT_FALSE(files::exists(world.home.home() + "/mail-program.move"));
     // And the message can be moved from where it is.
     EXPECT_TRUE(mail->move(committed ? row + 1 : row, committed ? world.junk : world.inbox,
-                           world.other, Mover::script));
+                           world.other, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.other), Strings{"p@h"});
     EXPECT_EQ(world.files().size(), count);
 }
@@ -156,7 +156,7 @@ TEST(MessageMover, WhatAnotherProcessLeftMeanwhileIsSettledBeforeTheNextMove) {
     files::write(world.home.home() + "/mail-program.move",
                  R"({"newRow":900,"from":")" + from + R"(","to":")" + to +
                      R"(","attachmentsFrom":"","attachmentsTo":""})");
-    EXPECT_TRUE(mail->move(world.b, world.inbox, world.junk, Mover::script));
+    EXPECT_TRUE(mail->move(world.b, world.inbox, world.junk, MovedBy::script));
     EXPECT_FALSE(files::exists(to));
     EXPECT_TRUE(files::exists(from));
     EXPECT_EQ(world.files().size(), before.size());

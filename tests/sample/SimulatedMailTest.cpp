@@ -10,7 +10,7 @@ namespace brindlet::sample {
 namespace {
 
 using Strings = std::vector<std::string>;
-using Mover = SimulatedMail::Mover;
+using MovedBy = SimulatedMail::MovedBy;
 
 TEST(SimulatedMail, NeedsSettingsAndAnIndex) {
     const doubles::TemporaryDirectories directories;
@@ -64,11 +64,11 @@ TEST(SimulatedMail, AMessageIsMovedOutOfTheMailboxThatListsItAlone) {
     SmallWorld world;
     world.finish();
     const auto mail = SimulatedMail::open(world.home.home());
-    EXPECT_FALSE(mail->move(world.a, world.junk, world.other, Mover::script));
-    EXPECT_FALSE(mail->move(999, world.inbox, world.junk, Mover::script));
+    EXPECT_FALSE(mail->move(world.a, world.junk, world.other, MovedBy::script));
+    EXPECT_FALSE(mail->move(999, world.inbox, world.junk, MovedBy::script));
     // Not into another account.
-    EXPECT_FALSE(mail->move(world.a, world.inbox, world.receipts, Mover::script));
-    EXPECT_TRUE(mail->move(world.a, world.inbox, world.inbox, Mover::script));
+    EXPECT_FALSE(mail->move(world.a, world.inbox, world.receipts, MovedBy::script));
+    EXPECT_TRUE(mail->move(world.a, world.inbox, world.inbox, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.inbox), (Strings{"c@h", "b@h", "a@h"}));
 }
 
@@ -79,7 +79,7 @@ TEST(SimulatedMail, AMadeMailboxHoldsMail) {
     const auto made = mail->makeMailbox(0, "Größe/100%");
     ASSERT_TRUE(made);
     EXPECT_FALSE(mail->makeMailbox(0, "größe/100%"));
-    EXPECT_TRUE(mail->move(world.a, world.inbox, made->row, Mover::script));
+    EXPECT_TRUE(mail->move(world.a, world.inbox, made->row, MovedBy::script));
     EXPECT_EQ(SimulatedMail::open(world.home.home())->mailboxAt(0, "Größe/100%")->row, made->row);
     EXPECT_EQ(world.idsIn(made->row), Strings{"a@h"});
 }
@@ -88,10 +88,10 @@ TEST(SimulatedGmail, AScriptOnlyAddsALabel) {
     SmallWorld world;
     world.finish();
     const auto mail = SimulatedMail::open(world.home.home());
-    EXPECT_TRUE(mail->move(world.g, world.label, world.receipts, Mover::script));
+    EXPECT_TRUE(mail->move(world.g, world.label, world.receipts, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.label), Strings{"g@h"});
     EXPECT_EQ(world.idsIn(world.receipts), Strings{"g@h"});
-    EXPECT_TRUE(mail->move(world.g, world.label, world.all, Mover::script));
+    EXPECT_TRUE(mail->move(world.g, world.label, world.all, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.label), Strings{"g@h"});
 }
 
@@ -99,7 +99,7 @@ TEST(SimulatedGmail, APersonTakesTheOldLabelOff) {
     SmallWorld world;
     world.finish();
     const auto mail = SimulatedMail::open(world.home.home());
-    EXPECT_TRUE(mail->move(world.g, world.label, world.receipts, Mover::person));
+    EXPECT_TRUE(mail->move(world.g, world.label, world.receipts, MovedBy::person));
     EXPECT_TRUE(world.idsIn(world.label).empty());
     EXPECT_EQ(world.idsIn(world.receipts), Strings{"g@h"});
     EXPECT_EQ(world.idsIn(world.all), Strings{"g@h"});
@@ -110,9 +110,9 @@ TEST(SimulatedGmail, WhatIsFiledUnderAFolderItselfIsTaggedOrMoved) {
     const std::int64_t filed = world.home.addMessage({.mailbox = world.label, .messageId = "f@h"});
     world.finish();
     const auto mail = SimulatedMail::open(world.home.home());
-    EXPECT_TRUE(mail->move(filed, world.label, world.receipts, Mover::script));
+    EXPECT_TRUE(mail->move(filed, world.label, world.receipts, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.label), (Strings{"f@h", "g@h"}));
-    EXPECT_TRUE(mail->move(filed, world.label, world.receipts, Mover::person));
+    EXPECT_TRUE(mail->move(filed, world.label, world.receipts, MovedBy::person));
     EXPECT_EQ(world.idsIn(world.label), Strings{"g@h"});
     EXPECT_EQ(world.idsIn(world.receipts), Strings{"f@h"});
 }
@@ -121,12 +121,12 @@ TEST(SimulatedGmail, SpamTakesAMessageOutOfAllMailAndGivesItBack) {
     SmallWorld world;
     world.finish();
     const auto mail = SimulatedMail::open(world.home.home());
-    ASSERT_TRUE(mail->move(world.g, world.label, world.spam, Mover::script));
+    ASSERT_TRUE(mail->move(world.g, world.label, world.spam, MovedBy::script));
     EXPECT_TRUE(world.idsIn(world.label).empty());
     EXPECT_TRUE(world.idsIn(world.all).empty());
     EXPECT_EQ(world.idsIn(world.spam), Strings{"g@h"});
     const std::int64_t row = mail->index().messages(world.spam).front();
-    ASSERT_TRUE(mail->move(row, world.spam, world.label, Mover::script));
+    ASSERT_TRUE(mail->move(row, world.spam, world.label, MovedBy::script));
     EXPECT_EQ(world.idsIn(world.label), Strings{"g@h"});
     EXPECT_EQ(world.idsIn(world.all), Strings{"g@h"});
     EXPECT_TRUE(world.idsIn(world.spam).empty());
@@ -137,7 +137,7 @@ TEST(SimulatedServer, ASlowOneMovesWhenItsTimeHasCome) {
     world.home.settings.behaviour.slowServer = 2;
     world.finish();
     const auto mail = SimulatedMail::open(world.home.home());
-    EXPECT_TRUE(mail->move(world.a, world.inbox, world.junk, Mover::script));
+    EXPECT_TRUE(mail->move(world.a, world.inbox, world.junk, MovedBy::script));
     mail->advance(1.9);
     EXPECT_EQ(world.idsIn(world.inbox).size(), 3u);
     mail->advance(0.2);
@@ -151,8 +151,8 @@ TEST(SimulatedServer, WhatASlowOneStillOwesIsDoneByTheNextStart) {
     world.finish();
     {
         const auto mail = SimulatedMail::open(world.home.home());
-        mail->move(world.a, world.inbox, world.junk, Mover::script);
-        mail->move(world.b, world.inbox, world.junk, Mover::script);
+        mail->move(world.a, world.inbox, world.junk, MovedBy::script);
+        mail->move(world.b, world.inbox, world.junk, MovedBy::script);
     }
     EXPECT_EQ(world.idsIn(world.inbox).size(), 3u);
     (void)SimulatedMail::open(world.home.home());
@@ -165,8 +165,8 @@ TEST(SimulatedServer, AnUndoPutsBackWhatCameIntoAFreshFolder) {
     world.finish();
     const auto mail = SimulatedMail::open(world.home.home());
     const auto made = mail->makeMailbox(0, "New");
-    mail->move(world.a, world.inbox, made->row, Mover::script);
-    mail->move(world.b, world.inbox, world.junk, Mover::script);
+    mail->move(world.a, world.inbox, made->row, MovedBy::script);
+    mail->move(world.b, world.inbox, world.junk, MovedBy::script);
     EXPECT_EQ(world.idsIn(made->row), Strings{"a@h"});
     mail->advance(1);
     EXPECT_TRUE(world.idsIn(made->row).empty());
@@ -181,7 +181,7 @@ TEST(SimulatedServer, ALateArrivalInAFreshFolderIsUndoneStillLater) {
     world.finish();
     const auto mail = SimulatedMail::open(world.home.home());
     const auto made = mail->makeMailbox(0, "New");
-    mail->move(world.a, world.inbox, made->row, Mover::script);
+    mail->move(world.a, world.inbox, made->row, MovedBy::script);
     mail->advance(2.5);
     EXPECT_EQ(world.idsIn(made->row), Strings{"a@h"});
     mail->comeToRest();
@@ -195,17 +195,17 @@ TEST(SimulatedMail, TwoThatAreOpenAtOnceSeeEachOthersMoves) {
     const auto one = SimulatedMail::open(world.home.home());
     const auto other = SimulatedMail::open(world.home.home());
     EXPECT_EQ(other->index().messages(world.inbox).size(), 3u);
-    ASSERT_TRUE(one->move(world.a, world.inbox, world.junk, Mover::script));
+    ASSERT_TRUE(one->move(world.a, world.inbox, world.junk, MovedBy::script));
     EXPECT_EQ(other->index().messages(world.inbox), (std::vector{world.c, world.b}));
-    EXPECT_FALSE(other->move(world.a, world.inbox, world.junk, Mover::script));
-    ASSERT_TRUE(other->move(world.b, world.inbox, world.junk, Mover::script));
+    EXPECT_FALSE(other->move(world.a, world.inbox, world.junk, MovedBy::script));
+    ASSERT_TRUE(other->move(world.b, world.inbox, world.junk, MovedBy::script));
     EXPECT_EQ(one->index().messages(world.junk).size(), 2u);
 }
 
 TEST(SimulatedMail, TheIndexStaysInWriteAheadModeWithItsSideFiles) {
     SmallWorld world;
     world.finish();
-    SimulatedMail::open(world.home.home())->move(world.a, world.inbox, world.junk, Mover::script);
+    SimulatedMail::open(world.home.home())->move(world.a, world.inbox, world.junk, MovedBy::script);
     EXPECT_TRUE(files::exists(world.home.indexPath() + "-wal"));
     EXPECT_TRUE(files::exists(world.home.indexPath() + "-shm"));
     EXPECT_EQ(world.number("SELECT journal_mode = 'wal' FROM pragma_journal_mode"), 1);

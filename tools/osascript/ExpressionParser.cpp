@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace brindlet::osascript {
 namespace {
@@ -182,7 +183,7 @@ class ExpressionParser {
             case Kind::number:
                 return literal(Value(tokens_.take().number));
             case Kind::symbol:
-                return bracketed();
+                return tokens_.skip("-") ? negative() : bracketed();
             case Kind::word:
                 return word(tokens_.take().spelling);
             default:

@@ -58,18 +58,21 @@ std::string MailApplication::describe(const Object& object) const {
 std::optional<ScriptError> MailApplication::event() {
     if (behaviour().refusesAutomation)
         return ScriptError{"Not authorized to send Apple events to Mail.", errors::notAuthorized};
+    const auto& most = behaviour().quitsAfterEvents;
     if (events_ == 0) sample::launchMail(home_);
+    if (most == 0) quit();
+    if (quit_) return errorOf(*this, "Connection is invalid.", errors::connectionInvalid);
     ++events_;
     const auto& gate = behaviour().gate;
     if (gate.beforeEvent == events_) waitAtGate(gate.fifo);
-    const auto& most = behaviour().quitsAfterEvents;
-    if (most && events_ > *most) {
-        if (!quit_) sample::quitMail(home_);
-        quit_ = true;
-        return errorOf(*this, "Connection is invalid.", errors::connectionInvalid);
-    }
     mail_.advance(behaviour().secondsPerEvent);
+    if (most == events_) quit();
     return std::nullopt;
+}
+
+void MailApplication::quit() {
+    quit_ = true;
+    sample::quitMail(home_);
 }
 
 ScriptError MailApplication::failed() const {
@@ -215,7 +218,8 @@ void MailApplication::moveSelectionTo(std::int64_t box) {
     for (const Object& each : selection_) {
         if (left == 0) break;
         if (isImmovable(each.id)) continue;
-        if (mail_.move(each.id, each.container, box, sample::SimulatedMail::Mover::person)) --left;
+        if (mail_.move(each.id, each.container, box, sample::SimulatedMail::MovedBy::person))
+            --left;
     }
     selection_.clear();
 }
@@ -237,7 +241,7 @@ std::optional<ScriptError> MailApplication::move(const Object& object, const Obj
     if (gate.beforeMove == moves_) waitAtGate(gate.fifo);
     const bool moved =
         !isImmovable(object.id) && mail_.move(object.id, object.container, destination.id,
-                                              sample::SimulatedMail::Mover::script);
+                                              sample::SimulatedMail::MovedBy::script);
     return moved ? std::nullopt : std::optional(failed());
 }
 

@@ -51,6 +51,7 @@ class MailApplication : public Application {
     Object messageObject(std::int64_t row, std::int64_t mailbox);
     bool isImmovable(std::int64_t message);
     ScriptError failed() const;
+    void quit();
     void select(const std::vector<Value>& messages);
 
     sample::SimulatedMail& mail_;

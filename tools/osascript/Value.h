@@ -67,12 +67,12 @@ struct Value {
         is;
 
     Value() = default;
-    Value(bool flag) : is(flag) {}
-    Value(std::int64_t number) : is(number) {}
-    Value(Object object) : is(object) {}
-    Value(ItemReference reference) : is(std::move(reference)) {}
-    Value(ClassName name) : is(std::move(name)) {}
-    Value(FileName name) : is(std::move(name)) {}
+    explicit Value(bool flag) : is(flag) {}
+    explicit Value(std::int64_t number) : is(number) {}
+    explicit Value(Object object) : is(object) {}
+    explicit Value(ItemReference reference) : is(std::move(reference)) {}
+    explicit Value(ClassName name) : is(std::move(name)) {}
+    explicit Value(FileName name) : is(std::move(name)) {}
     static Value text(std::string text) {
         Value value;
         value.is = Text{std::make_shared<const std::string>(std::move(text))};

@@ -14,13 +14,11 @@
 #include "sample/SimulatedMail.h"
 
 // Stands in for the script host of a Mac: runs the program's own scripts against the simulated mail
-// program of a sample home, and behaves towards its caller as the real host does. Whoever starts it
-// can pass on no more than the scripts' arguments, so the home comes by the environment.
+// program of a sample home, and behaves towards its caller as the real host does. The environment
+// variable BRINDLET_SAMPLE_HOME names the home.
 
 namespace brindlet::osascript {
 namespace {
-
-constexpr const char* homeVariable = "BRINDLET_SAMPLE_HOME";
 
 class SampleSurroundings : public Surroundings {
   public:
@@ -76,7 +74,7 @@ int main(int count, char** values) {
     if (const auto* error = std::get_if<SyntaxError>(&script))
         return complain(error->range, "syntax", {error->text, errors::syntax});
 
-    SampleSurroundings surroundings(std::getenv(homeVariable));
+    SampleSurroundings surroundings(std::getenv(sample::sampleHomeVariable));
     Interpreter interpreter(surroundings);
     const auto outcome = interpreter.run(std::get<Script>(script), line.arguments);
     if (const auto* failure = std::get_if<Failure>(&outcome))

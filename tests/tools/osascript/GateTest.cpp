@@ -36,7 +36,7 @@ TEST_F(Gate, StopsBeforeAMoveUntilItIsOpened) {
 }
 
 TEST_F(Gate, StopsBeforeAnEvent) {
-    // Four requests find the account and its folders; the fifth looks up the first message.
+    // Five requests find the account and its folders; the sixth looks up the first message.
     home.behaviour().gate = {fifo, 6, 0};
     home.finish();
     const auto child = start(2);

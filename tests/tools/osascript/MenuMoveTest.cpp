@@ -158,13 +158,25 @@ TEST_F(MenuMove, ARefusedAutomationIsAnError) {
         ": execution error: Not authorized to send Apple events to Mail. (-1743)\n"));
 }
 
-TEST_F(MenuMove, AMailProgramThatQuitsHasNoMenuEither) {
-    // Up to and with the count of what is selected.
+TEST_F(MenuMove, AMailProgramThatQuitsIsAnError) {
+    // The next request would be for what is selected.
     home.behaviour().quitsAfterEvents = 14;
     home.finish();
     const auto run = home.menu(three);
     EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.errors.find("-609"), std::string::npos) << run.errors;
+    EXPECT_TRUE(run.errors.ends_with(
+        ": execution error: Mail got an error: Connection is invalid. (-609)\n"))
+        << run.errors;
+}
+
+TEST_F(MenuMove, AMailProgramThatHasQuitHasNoMenuEither) {
+    home.behaviour().quitsAfterEvents = 15;
+    home.finish();
+    const auto run = home.menu(three);
+    EXPECT_TRUE(
+        run.errors.ends_with(": execution error: System Events got an error: Can’t get "
+                             "process \"Mail\". (-1728)\n"))
+        << run.errors;
 }
 
 TEST_F(MenuMove, AMessageWithoutAnIdIsNeverPicked) {

@@ -11,6 +11,7 @@
 #include <cerrno>
 
 #include "base/Files.h"
+#include "sample/MailSettings.h"
 
 namespace brindlet::osascript {
 
@@ -35,7 +36,7 @@ ScriptChild::ScriptChild(const std::string& folder, const std::string& home,
     values.push_back(nullptr);
     std::vector<char*> environment;
     for (char** variable = environ; *variable; ++variable) environment.push_back(*variable);
-    std::string homeVariable = "BRINDLET_SAMPLE_HOME=" + home;
+    std::string homeVariable = std::string(sample::sampleHomeVariable) + '=' + home;
     environment.push_back(homeVariable.data());
     environment.push_back(nullptr);
     if (::posix_spawn(&process_, BRINDLET_OSASCRIPT, &streams, nullptr, values.data(),

@@ -100,8 +100,11 @@ CREATE INDEX messages_mailbox_date_sent_index ON messages (mailbox, date_sent);
 CREATE INDEX messages_sender_index ON messages (sender);
 CREATE INDEX messages_subject_index ON messages (subject, fuzzy_ancestor);
 CREATE INDEX messages_message_id_mailbox_index ON messages (message_id, mailbox);
+CREATE INDEX messages_global_message_id_index ON messages (global_message_id);
 CREATE INDEX messages_conversation_id_index ON messages (conversation_id);
 CREATE INDEX recipients_message_position_index ON recipients (message, position);
 CREATE INDEX recipients_address_index ON recipients (address);
 CREATE INDEX labels_mailbox_id_index ON labels (mailbox_id);
 CREATE INDEX attachments_message_index ON attachments (message);
+CREATE INDEX message_global_data_header_index
+    ON message_global_data (message_id_header COLLATE NOCASE);

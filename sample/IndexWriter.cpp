@@ -3,58 +3,13 @@
 #include <sqlite3.h>
 
 #include "sample/Random.h"
+#include "sample/Statement.h"
 
 namespace brindlet::resources {
 extern const std::string_view sampleIndexSchema;
 }
 
 namespace brindlet::sample {
-
-/// A prepared statement that is run many times; parameters count from 1.
-class IndexWriter::Statement {
-  public:
-    Statement(sqlite3* database, const char* text) : database_(database) {
-        if (sqlite3_prepare_v2(database, text, -1, &statement_, nullptr) != SQLITE_OK)
-            statement_ = nullptr;
-    }
-    ~Statement() { sqlite3_finalize(statement_); }
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
-
-    Statement& number(int index, std::int64_t value) {
-        sqlite3_bind_int64(statement_, index, value);
-        return *this;
-    }
-    /// A 0 becomes NULL.
-    Statement& reference(int index, std::int64_t row) {
-        if (row == 0)
-            sqlite3_bind_null(statement_, index);
-        else
-            sqlite3_bind_int64(statement_, index, row);
-        return *this;
-    }
-    /// The text must live until `run`. An empty one becomes NULL where `orNull`.
-    Statement& text(int index, std::string_view value, bool orNull = false) {
-        if (orNull && value.empty())
-            sqlite3_bind_null(statement_, index);
-        else
-            sqlite3_bind_text64(statement_, index, value.data(), value.size(), SQLITE_STATIC,
-                                SQLITE_UTF8);
-        return *this;
-    }
-    /// The new row's id, or 0 on failure.
-    std::int64_t run() {
-        if (!statement_) return 0;
-        const int result = sqlite3_step(statement_);
-        sqlite3_reset(statement_);
-        return result == SQLITE_DONE ? sqlite3_last_insert_rowid(database_) : 0;
-    }
-    explicit operator bool() const { return statement_ != nullptr; }
-
-  private:
-    sqlite3* database_;
-    sqlite3_stmt* statement_ = nullptr;
-};
 
 struct IndexWriter::State {
     sqlite3* database = nullptr;
@@ -137,7 +92,7 @@ void IndexWriter::checkpointForTheLastTime() {
 
 std::int64_t IndexWriter::addMailbox(std::string_view url) {
     if (!ok()) return 0;
-    const std::int64_t row = state_->mailbox->text(1, url).run();
+    const std::int64_t row = state_->mailbox->text(1, url).insert();
     state_->check(row != 0);
     return row;
 }
@@ -152,7 +107,7 @@ std::int64_t IndexWriter::address(std::string_view address, std::string_view com
     key += comment;
     auto [known, isNew] = addresses_.try_emplace(std::move(key), 0);
     if (isNew) {
-        known->second = state_->address->text(1, address).text(2, comment).run();
+        known->second = state_->address->text(1, address).text(2, comment).insert();
         state_->check(known->second != 0);
     }
     return known->second;
@@ -163,7 +118,7 @@ std::int64_t IndexWriter::subject(std::string_view subject) {
     while (!subject.empty() && subject.back() == ' ') subject.remove_suffix(1);
     auto [known, isNew] = subjects_.try_emplace(std::string(subject), 0);
     if (isNew) {
-        known->second = state_->subject->text(1, subject).run();
+        known->second = state_->subject->text(1, subject).insert();
         state_->check(known->second != 0);
     }
     return known->second;
@@ -179,9 +134,9 @@ void IndexWriter::addMessage(const IndexedMessage& message) {
             hash = mixed(hash, static_cast<unsigned char>(c));
     }
     const auto messageId = static_cast<std::int64_t>(hash >> 1);
-    const std::int64_t summary = state_->summary->text(1, message.summary).run();
+    const std::int64_t summary = state_->summary->text(1, message.summary).insert();
     const std::int64_t global =
-        state_->global->number(1, messageId).text(2, message.messageIdHeader, true).run();
+        state_->global->number(1, messageId).text(2, message.messageIdHeader, true).insert();
     const std::int64_t row = state_->message->number(1, message.rowId)
                                  .number(2, messageId)
                                  .number(3, global)
@@ -200,26 +155,25 @@ void IndexWriter::addMessage(const IndexedMessage& message) {
                                  .number(16, message.conversation)
                                  .reference(17, message.fromList ? message.sender : 0)
                                  .reference(18, message.fromList)
-                                 .run();
+                                 .insert();
     state_->check(row == message.rowId);
 }
 
 void IndexWriter::addRecipient(std::int64_t message, std::int64_t address, std::int64_t position) {
     if (!ok()) return;
     state_->check(
-        state_->recipient->number(1, message).number(2, address).number(3, position).run() != 0);
+        state_->recipient->number(1, message).number(2, address).number(3, position).run());
 }
 
 void IndexWriter::addLabel(std::int64_t message, std::int64_t mailbox) {
     if (!ok()) return;
-    // A table without row ids leaves the last row id as it was, which tells nothing.
-    state_->label->number(1, message).number(2, mailbox).run();
+    state_->check(state_->label->number(1, message).number(2, mailbox).run());
 }
 
 void IndexWriter::addAttachment(std::int64_t message, std::string_view part,
                                 std::string_view name) {
     if (!ok()) return;
-    state_->check(state_->attachment->number(1, message).text(2, part).text(3, name).run() != 0);
+    state_->check(state_->attachment->number(1, message).text(2, part).text(3, name).run());
 }
 
 void IndexWriter::updateMailboxCounts() {

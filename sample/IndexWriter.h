@@ -61,7 +61,6 @@ class IndexWriter {
     void updateMailboxCounts();
 
   private:
-    class Statement;
     void run(const char* statement);
 
     struct State;

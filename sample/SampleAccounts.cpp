@@ -68,7 +68,7 @@ constexpr std::array<SampleAccount, 4> accounts{{
     {"Fernhill", "imap", "3B1F7C52-9A40-4E1D-8C66-51D0E2A7F913", "Robin Ashdown",
      "robin.ashdown@fernhill.example", fernhill},
     {"Gmail", "imap", "A94D20E6-17C8-4B5F-9D31-0C7E64B8A2F5", "Robin Ashdown",
-     "robin.ashdown@gmail.example", gmail},
+     "robin.ashdown@gmail.example", gmail, true},
     {"Lockwood Surveying", "ews", "5E08D9B3-62FA-4C97-B1A4-E83F0D2C7561", "Robin Ashdown",
      "r.ashdown@lockwoodsurveying.example", lockwood},
     {"On My Mac", "local", "C7126A8F-D35B-4F02-A9E8-4B90F1E6D3C4", "Robin Ashdown", "", onThisMac},

@@ -37,6 +37,8 @@ struct SampleAccount {
     std::string_view ownerName;
     std::string_view address;
     std::span<const SampleFolder> folders;
+    /// Its folders are labels.
+    bool gmail = false;
 
     Person owner() const { return {std::string(ownerName), std::string(address)}; }
 };

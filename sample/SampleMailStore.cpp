@@ -9,6 +9,7 @@
 #include "base/Task.h"
 #include "base/ThreadSafety.h"
 #include "sample/IndexWriter.h"
+#include "sample/MailSettings.h"
 #include "sample/MessageComposer.h"
 #include "sample/PlanFacts.h"
 
@@ -50,11 +51,29 @@ class Maker {
         facts.newest = newest_;
         if (!writeFacts(facts, home_ + "/sample-facts.json"))
             return failed("The facts could not be written.");
+        if (!writeMailSettings(home_, mailSettings()))
+            return failed("The mail program's settings could not be written.");
         return {std::move(facts), ""};
     }
 
   private:
     static SampleOutcome failed(std::string problem) { return {{}, std::move(problem)}; }
+
+    /// The mail program does not count what lies on this machine alone among its accounts.
+    static MailSettings mailSettings() {
+        MailSettings settings;
+        for (const SampleAccount& sample : sampleAccounts()) {
+            if (sample.scheme == "local") continue;
+            MailSettings::Account account;
+            account.id = sample.id;
+            account.name = sample.name;
+            account.scheme = sample.scheme;
+            account.addresses = {std::string(sample.address)};
+            account.gmail = sample.gmail;
+            settings.accounts.push_back(std::move(account));
+        }
+        return settings;
+    }
 
     bool makeDirectories() {
         std::set<std::string> directories{root_ + "/MailData"};

@@ -19,7 +19,7 @@ struct Listed {
             return names ? mailboxNames : identities;
         });
     }
-    std::size_t runs() const { return home.world.processes.runs().size(); }
+    std::size_t runs() const { return home.world.processes.launches().size(); }
 
     MailHome home;
     Reply identities{"@@Home|ann@x.example\nINBOX\nClub\n", "", 0, 0};
@@ -29,7 +29,7 @@ struct Listed {
 TEST(AccountListings, RunTheScriptHostWithTheScriptInItsArguments) {
     Listed listed;
     listed.home.store.listIdentities();
-    const auto run = listed.home.world.processes.runs().at(0);
+    const auto run = listed.home.world.processes.launches().at(0);
     EXPECT_EQ(run.arguments,
               (std::vector<std::string>{"/doubles/osascript", "-e",
                                         std::string(resources::listIdentitiesScript)}));

@@ -87,7 +87,7 @@ void MoveTest::finish(const Task& task) {
 }
 
 std::vector<std::string> MoveTest::lastArguments() const {
-    const auto runs = world.processes.runs();
+    const auto runs = world.processes.launches();
     if (runs.empty()) return {};
     const auto& arguments = runs.back().arguments;
     return {arguments.begin() + addressPlace, arguments.end()};

@@ -134,7 +134,7 @@ TEST_F(MoveTest, AStopEndsInWhatMovedWithoutAnError) {
     showAds(2);
     world.processes.block();
     state->startMove();
-    world.processes.waitForRuns(1);
+    world.processes.waitForLaunches(1);
     files::write(lastArguments()[5], "1@example\n");
     state->mover().stopMove();
     finishMove();
@@ -165,10 +165,10 @@ TEST_F(MoveTest, ASecondPressWhileItRunsDoesNothing) {
     state->startMove();
     state->startMove();
     state->resumeMove();
-    world.processes.waitForRuns(1);
+    world.processes.waitForLaunches(1);
     world.processes.release();
     finishMove();
-    EXPECT_EQ(world.processes.runs().size(), 1u);
+    EXPECT_EQ(world.processes.launches().size(), 1u);
 }
 
 TEST_F(MoveTest, OutOfAJunkFolderTheWayIsToTheInbox) {
@@ -298,7 +298,7 @@ TEST_F(MoveTest, ASessionThatEndsMeanwhileIsNotMissed) {
     showAds(1);
     world.processes.block();
     state->startMove();
-    world.processes.waitForRuns(1);
+    world.processes.waitForLaunches(1);
     const auto task = *state->moveTask();
     state.reset();
     world.processes.release();

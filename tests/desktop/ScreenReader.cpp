@@ -45,6 +45,7 @@ QList<std::pair<QString, QString>> references(const QDBusMessage& answer) {
         array.endStructure();
         list << std::pair(program, path.path());
     }
+    array.endArray();
     return list;
 }
 
@@ -69,6 +70,7 @@ QStringList actionNames(const QDBusMessage& answer) {
         array.endStructure();
         names << name;
     }
+    array.endArray();
     return names;
 }
 

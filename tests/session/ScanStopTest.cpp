@@ -94,9 +94,9 @@ TEST_F(ScanStop, AbandonsCallsThatNeverAnswer) {
     open();
     const auto gate = std::make_shared<doubles::ScriptedModel>();  // outlives the abandoned calls
     gate->block();
-    std::atomic<int> calls = 0;
-    world.model.setScript([&calls, gate](const auto&) -> std::optional<LanguageModel::Answer> {
-        if (calls++ == 0) return LanguageModel::Answer{{"category", "newsletterOrDigest"}};
+    const auto calls = std::make_shared<std::atomic<int>>(0);  // and so does this
+    world.model.setScript([calls, gate](const auto&) -> std::optional<LanguageModel::Answer> {
+        if ((*calls)++ == 0) return LanguageModel::Answer{{"category", "newsletterOrDigest"}};
         return gate->respond({}, {}, {}, {});
     });
     world.model.block();

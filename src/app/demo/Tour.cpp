@@ -90,11 +90,15 @@ void Tour::pick() {
     });
     step(QStringLiteral("open the menu of how far back, by keyboard, and take the last entry"),
          [this] {
+             // Two counts on their way at once may come in either order.
+             const auto counted = state_.inReach.revision();
              if (!hand_.tabTo(QStringLiteral("reach"))) return false;
              hand_.press(Qt::Key_Space);
              for (int i = 0; i < 4; ++i) hand_.press(Qt::Key_Down);
              hand_.press(Qt::Key_Return);
-             return hand_.await([this] { return *state_.reach == Reach::everything; });
+             return hand_.await([&] {
+                 return *state_.reach == Reach::everything && state_.inReach.revision() > counted;
+             });
          });
     step(QStringLiteral("the same in the menu of how many"), [this] {
         if (!hand_.tabTo(QStringLiteral("limit"))) return false;

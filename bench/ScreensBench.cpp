@@ -99,7 +99,7 @@ void openResults(AppState& state) {
 
 /// The rules of one sender, most of them with a template, over as many messages of theirs.
 void openRules(AppState& state) {
-    state.verdicts.set(oneLongCategory());
+    state.verdicts.set(testing::verdictsOfOneDomain(messages));
     std::vector<Rule> rules(rulesOfOneSender);
     for (std::size_t i = 0; i < rules.size(); ++i) {
         rules[i].sender = "quill.example";

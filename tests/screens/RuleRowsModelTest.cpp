@@ -132,7 +132,7 @@ TEST(RuleRowsModel, NarrowingIsOfferedFromSixMessagesOn) {
             rule.sender = "quill.example";
             state.rules.all.set({rule});
         });
-        rows.state->verdicts.set(verdicts(count));
+        rows.state->verdicts.set(verdictsOfOneDomain(count));
         rows.model.refresh();
         rows.model.choose(1);
         EXPECT_EQ(rows.model.rowCount(), 2 + count + (count >= 6)) << count;
@@ -306,7 +306,7 @@ TEST(RuleRowsModel, AThousandRulesForOneSenderAreAllThere) {
             many.push_back(std::move(rule));
         }
         state.rules.all.set(many);
-        state.verdicts.set(verdicts(2'000));
+        state.verdicts.set(verdictsOfOneDomain(2'000));
     });
     ASSERT_EQ(rows.model.rowCount(), 1'001);
     for (const int row : {1, 500, 1'000}) {

@@ -81,7 +81,7 @@ TEST(RulesModel, TheMenusOfferAnyKindAndAllThatTheModelCanTell) {
     };
     EXPECT_EQ(label(0), QStringLiteral("any kind of mail"));
     EXPECT_EQ(label(1), QStringLiteral("Ads & promotions"));
-    EXPECT_EQ(label(9), QStringLiteral("Delivery failures"));
+    EXPECT_EQ(label(9), QStringLiteral("Bounced mail"));
     EXPECT_EQ(rules.model.kinds()->chosen(), 0);
     ASSERT_EQ(rules.model.verdicts()->rowCount(), 2);
     EXPECT_EQ(rules.model.verdicts()->index(0).data(ChoicesModel::LabelRole),

@@ -44,11 +44,6 @@ struct RulesScreen : Stage {
         press(Qt::Key_Home);
         for (int i = 0; i < row; ++i) press(Qt::Key_Down);
     }
-    void type(const QString& text) const {
-        for (const auto letter : text)
-            QTest::sendKeyEvent(QTest::Click, window(), Qt::Key_unknown, letter, {});
-        settle();
-    }
     int current() const { return find(QStringLiteral("rules"))->property("currentIndex").toInt(); }
 };
 
@@ -217,6 +212,9 @@ TEST(RulesScreen, TabReachesTheButtonsOfTheCurrentRowAndOfNoOther) {
     EXPECT_EQ(reached, QStringList({"flip", "promote", "mark", "back"}));
     screen.walkTo(arrivals);
     screen.press(Qt::Key_Tab);
+    screen.press(Qt::Key_Backtab);
+    EXPECT_EQ(screen.focused(), QStringLiteral("rules")) << "back to the row";
+    screen.press(Qt::Key_Tab);
     screen.press(Qt::Key_Space);
     EXPECT_EQ(screen.state->rules.session->back().verdict, Rule::Verdict::keep);
     screen.press(Qt::Key_Up);
@@ -234,9 +232,26 @@ TEST(RulesScreen, ThePageRollsToWhatTheKeyboardReaches) {
     EXPECT_GE(field->mapToScene(QPointF()).y(), 0);
 }
 
+TEST(RulesScreen, WhatOpensAboveTheRowsMovesOnlyThem) {
+    RulesScreen screen;
+    const auto top = [&](const char* name) {
+        return screen.await(name)->mapToScene(QPointF()).y();
+    };
+    const auto back = top("back");
+    EXPECT_GE(back, 0) << "the page begins at its top";
+    const auto row = screen.part(oldList, "")->mapToScene(QPointF()).y();
+    EXPECT_TRUE(screen.click("stop0"));
+    EXPECT_EQ(top("back"), back);
+    EXPECT_GT(screen.part(oldList, "")->mapToScene(QPointF()).y(), row);
+    EXPECT_TRUE(screen.click("stop0"));
+    EXPECT_EQ(top("back"), back);
+    EXPECT_EQ(screen.part(oldList, "")->mapToScene(QPointF()).y(), row);
+}
+
 TEST(RulesScreen, AThousandRulesForOneSenderMakeOnlyTheRowsOnShow) {
     RulesScreen screen(+[](AppState& state) {
         scenes::results(state);
+        state.verdicts.set(verdictsOfOneDomain(2'000));
         std::vector<Rule> many(1'000);
         for (std::size_t i = 0; i < many.size(); ++i) {
             many[i].sender = "quill.example";

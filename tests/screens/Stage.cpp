@@ -142,6 +142,16 @@ VerdictList verdicts(int count) {
     return VerdictList(std::move(made));
 }
 
+VerdictList verdictsOfOneDomain(int count) {
+    std::vector<Verdict> made;
+    for (auto verdict : verdicts(count)) {
+        verdict.sender =
+            "Quill & Thread <hello" + std::to_string(made.size() % 40) + "@quill.example>";
+        made.push_back(std::move(verdict));
+    }
+    return VerdictList(std::move(made));
+}
+
 namespace scenes {
 namespace {
 
@@ -236,6 +246,7 @@ void noRules(AppState& state) {
 
 void rules(AppState& state) {
     results(state);
+    state.verdicts.set(verdictsOfOneDomain(200));
     const auto flip = [&](Category category, std::int64_t toKeep, std::int64_t toJunk) {
         Calibration::Tally tally{toKeep, toJunk, {"a", "b", "c", "d", "e", "f"}, {}};
         if (toJunk > toKeep) tally.junkSenders.swap(tally.keepSenders);

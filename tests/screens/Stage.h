@@ -53,6 +53,8 @@ MailFolder folder(std::int64_t id, const std::string& name, std::int64_t count);
 MailAccount account(const std::string& address, std::vector<MailFolder> folders);
 /// So many verdicts, spread over the categories, with some protected and some without an id.
 VerdictList verdicts(int count);
+/// The same from forty addresses of one domain.
+VerdictList verdictsOfOneDomain(int count);
 
 /// States of a session that have a screen of their own each. They leave the session on that screen.
 namespace scenes {

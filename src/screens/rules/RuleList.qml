@@ -14,6 +14,11 @@ RowList {
     // Where the arrow keys begin.
     currentIndex: 0
 
+    // Whoever comes back comes to the row, not to the button of it that they left.
+    onActiveFocusChanged: {
+        if (!root.activeFocus && root.currentItem !== null)
+            root.currentItem.focus = true;
+    }
     // What stands above the rows comes into sight with the first of them.
     onCurrentIndexChanged: {
         if (root.currentIndex === 0 && Theme.keyboardLeads)

@@ -22,6 +22,8 @@ Item {
     required property bool ofSession
     required property bool marked
     required property bool isCurrent
+    // By Tab, backwards out of the first button.
+    signal left
     readonly property RuleControlsText controls: rules.controls
     readonly property int focusOfButtons: isCurrent ? Qt.TabFocus : Qt.NoFocus
 
@@ -78,10 +80,10 @@ Item {
         anchors.right: side.left
         anchors.rightMargin: Theme.space3
         spacing: 1
-        opacity: root.marked ? 0.6 : 1
 
         Row {
             spacing: Theme.space2
+            opacity: root.marked ? 0.6 : 1
 
             Txt {
                 anchors.verticalCenter: parent.verticalCenter
@@ -105,6 +107,7 @@ Item {
                     text: root.verdict
                     tone: root.verdictTone
                     help: root.flipHelp
+                    Keys.onBacktabPressed: root.left()
                     onClicked: root.rules.flip(root.index)
                 }
                 Txt {

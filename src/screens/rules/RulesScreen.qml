@@ -22,7 +22,7 @@ FocusScope {
             return;
         const top = root.focusItem.mapToItem(head, 0, 0).y - Theme.space5;
         const least = top + root.focusItem.height + 2 * Theme.space5 - list.height;
-        list.contentY -= head.y + Math.max(0, Math.min(Math.max(-head.y, least), top));
+        list.contentY += head.y + Math.max(0, Math.min(Math.max(-head.y, least), top));
     }
 
     function isAbove(item: Item): bool {
@@ -151,22 +151,26 @@ FocusScope {
     RuleList {
         id: list
 
-        // Before the present one.
+        // How far the page is rolled, and what stood above the rows then.
+        property real rolled: 0
         property real lastMargin: 0
 
         objectName: "rules"
         anchors.fill: parent
+        topMargin: head.height
+        bottomMargin: Theme.space6
         rules: root.model.rules
         rowWidth: Math.min(root.width - 2 * Theme.space6, Theme.measure)
 
-        topMargin: head.height
-        bottomMargin: Theme.space6
-
-        // What grows above the rows moves them and not itself.
+        // What grows above the rows moves them, and not itself.
         onTopMarginChanged: {
-            if (head.y > -head.height)
-                list.contentY -= list.topMargin - list.lastMargin;
+            if (list.rolled <= list.lastMargin)
+                list.contentY = list.originY - list.topMargin + list.rolled;
             list.lastMargin = list.topMargin;
+        }
+        onContentYChanged: {
+            if (list.topMargin === list.lastMargin)
+                list.rolled = list.contentY - list.originY + list.topMargin;
         }
     }
 }

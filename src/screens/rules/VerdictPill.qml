@@ -9,8 +9,9 @@ T.Button {
     required property int tone
     required property string help
 
-    implicitWidth: tag.implicitWidth + 6
+    implicitWidth: implicitContentWidth + 2 * padding
     implicitHeight: 24
+    padding: 3
     hoverEnabled: true
 
     Keys.onReturnPressed: root.clicked()
@@ -23,19 +24,13 @@ T.Button {
             gap: 0
         }
     }
-    contentItem: Item {
-        ToneTag {
-            id: tag
-
-            anchors.centerIn: parent
-            text: root.text
-            tone: root.tone
-            border.width: root.hovered ? 1 : 0
-            border.color: Theme.wash(ink, root.down ? 1 : 0.6)
-            Accessible.ignored: true
-        }
+    contentItem: ToneTag {
+        text: root.text
+        tone: root.tone
+        border.width: root.hovered ? 1 : 0
+        border.color: Theme.wash(ink, root.down ? 1 : 0.6)
+        Accessible.ignored: true
     }
-
     HelpSpot {
         control: root
         text: root.help

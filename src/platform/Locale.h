@@ -7,7 +7,7 @@
 
 namespace brindlet {
 
-/// How numbers and spans of time are written for this person. Any thread.
+/// How numbers, dates and spans of time are written for this person. Any thread.
 class Locale {
   public:
     virtual ~Locale() = default;
@@ -16,6 +16,8 @@ class Locale {
     /// Full numeric words by the largest unit that is not zero, cut and not rounded: "in 5 hours",
     /// "2 days ago".
     virtual std::string relative(Date date, Date now) const = 0;
+    /// The day and the time of day as the person's clock shows them: "Nov 14, 2023, 10:13 PM".
+    virtual std::string dateTime(Date date) const = 0;
 };
 
 }  // namespace brindlet

@@ -17,6 +17,8 @@ AppModel::Screen screenFor(AppState::Screen screen) {
             return AppModel::Scanning;
         case AppState::Screen::results:
             return AppModel::Results;
+        case AppState::Screen::history:
+            return AppModel::History;
         case AppState::Screen::rules:
             return AppModel::Rules;
         default:  // nothing leads to the others
@@ -33,6 +35,7 @@ AppModel::AppModel(AppState& state)
       pick_(state),
       scanning_(state),
       results_(state),
+      history_(state),
       rules_(state),
       coalescer_(state, [this] { refresh(); }) {
     refresh();
@@ -53,6 +56,7 @@ void AppModel::refresh() {
     const bool appears = next != screen_;
     // First, because what leaving changes is to be seen on the next screen.
     if (appears && screen_ == Results) results_.leave();
+    if (appears && screen_ == History) history_.leave();
     if (appears && screen_ == Rules) rules_.leave();
     switch (next) {
         case Welcome:
@@ -67,6 +71,9 @@ void AppModel::refresh() {
             break;
         case Results:
             results_.refresh();
+            break;
+        case History:
+            history_.refresh();
             break;
         case Rules:
             rules_.refresh();

@@ -4,6 +4,7 @@
 #include <QObject>
 
 #include "screens/Coalescer.h"
+#include "screens/history/HistoryModel.h"
 #include "screens/permission/PermissionModel.h"
 #include "screens/pick/PickModel.h"
 #include "screens/results/ResultsModel.h"
@@ -28,10 +29,11 @@ class AppModel : public QObject {
     Q_PROPERTY(brindlet::screens::PickModel* pick READ pick CONSTANT)
     Q_PROPERTY(brindlet::screens::ScanningModel* scanning READ scanning CONSTANT)
     Q_PROPERTY(brindlet::screens::ResultsModel* results READ results CONSTANT)
+    Q_PROPERTY(brindlet::screens::HistoryModel* history READ history CONSTANT)
     Q_PROPERTY(brindlet::screens::RulesModel* rules READ rules CONSTANT)
 
   public:
-    enum Screen { Welcome, Permission, Pick, Scanning, Results, Rules };
+    enum Screen { Welcome, Permission, Pick, Scanning, Results, History, Rules };
     Q_ENUM(Screen)
 
     explicit AppModel(AppState& state);
@@ -45,6 +47,7 @@ class AppModel : public QObject {
     PickModel* pick() { return &pick_; }
     ScanningModel* scanning() { return &scanning_; }
     ResultsModel* results() { return &results_; }
+    HistoryModel* history() { return &history_; }
     RulesModel* rules() { return &rules_; }
     const Coalescer& coalescer() const { return coalescer_; }
 
@@ -63,6 +66,7 @@ class AppModel : public QObject {
     PickModel pick_;
     ScanningModel scanning_;
     ResultsModel results_;
+    HistoryModel history_;
     RulesModel rules_;
     Coalescer coalescer_;
 };

@@ -112,6 +112,9 @@ Window {
         case AppModel.Results:
             stage.setSource("ResultsScreen.qml", { "model": root.app.results });
             break;
+        case AppModel.History:
+            stage.setSource("HistoryScreen.qml", { "model": root.app.history });
+            break;
         case AppModel.Rules:
             stage.setSource("RulesScreen.qml", { "model": root.app.rules });
             break;

@@ -13,7 +13,7 @@ namespace brindlet {
 namespace {
 
 constexpr std::size_t mostRecords = 100;
-constexpr double secondsInBin = 30 * 86400.0;
+constexpr double secondsInBin = History::daysInBin * 86400.0;
 
 using Records = std::vector<ScanRecord>;
 

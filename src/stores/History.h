@@ -16,12 +16,15 @@ namespace brindlet {
 
 /// One record a finished scan, newest first, in "history.json", with a bin in
 /// "history-deleted.json" and the message-by-message detail in one file a scan below "scans". Main
-/// thread, but for the three scan-file operations, which touch only that folder and may run on the
+/// thread, but for the four scan-file operations, which touch only that folder and may run on the
 /// background queue that orders them: a stamp reads what the write before it left. Every change is
 /// saved at once; a save that fails is not noticed.
 class History : public Observable {
   public:
-    /// Loads both files and drops what has been in the bin for over 30 days. A "history.json" that
+    /// How long a record stays in the bin.
+    static constexpr std::int64_t daysInBin = 30;
+
+    /// Loads both files and drops what has been in the bin for longer. A "history.json" that
     /// cannot be decoded is moved aside; the bin is then not read either, and the next save empties
     /// it.
     explicit History(Services services);
@@ -50,6 +53,8 @@ class History : public Observable {
 
     /// Also drops all but the newest 20 files of the folder.
     void writeScan(const std::vector<ScanRecord::Saved>& saved, Date started) const;
+    /// Whether the scan's file still stands; one look at the folder, nothing is read.
+    bool hasScan(Date started) const;
     /// None when the file is missing or cannot be decoded.
     std::optional<std::vector<ScanRecord::Saved>> readScan(Date started) const;
     using Ids = IdSet;

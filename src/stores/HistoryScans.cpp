@@ -56,6 +56,10 @@ void History::writeScan(const std::vector<ScanRecord::Saved>& saved, Date starte
     keepNewest(scansDirectory_);
 }
 
+bool History::hasScan(Date started) const {
+    return files::exists(scanPath(started));
+}
+
 std::optional<std::vector<ScanRecord::Saved>> History::readScan(Date started) const {
     auto text = files::read(scanPath(started));
     if (!text) return std::nullopt;

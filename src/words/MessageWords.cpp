@@ -1,7 +1,7 @@
 #include "words/MessageWords.h"
 
-#include "base/Text.h"
 #include "session/AppState.h"
+#include "words/Subject.h"
 #include "words/TickBox.h"
 
 namespace brindlet {
@@ -18,8 +18,7 @@ Mark noteOn(bool ticked) {
 
 MessageWords messageWords(const AppState& state, const Verdict& verdict) {
     MessageWords words;
-    words.subject =
-        trimBlanksAndNewlines(verdict.subject).empty() ? "(no subject)" : verdict.subject;
+    words.subject = shownSubject(verdict.subject);
     words.sender = verdict.sender;
     words.canTick = verdict.messageID.has_value();
     const bool ticked = words.canTick && state.approved->contains(verdict.id);

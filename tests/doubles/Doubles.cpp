@@ -1,6 +1,8 @@
 #include "doubles/Doubles.h"
 
 #include <chrono>
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
@@ -263,6 +265,19 @@ std::string FixedLocale::grouped(std::int64_t number) const {
     std::string text = std::to_string(number);
     for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 3; at > (number < 0 ? 1 : 0); at -= 3)
         text.insert(static_cast<std::size_t>(at), ",");
+    return text;
+}
+
+std::string FixedLocale::dateTime(Date date) const {
+    using namespace std::chrono;
+    const auto minute = floor<minutes>(sys_seconds(seconds(std::llround(date.unix()))));
+    const auto day = floor<days>(minute);
+    const year_month_day calendar(day);
+    const hh_mm_ss time(minute - day);
+    char text[32];
+    std::snprintf(text, sizeof text, "%d-%02u-%02u %02d:%02d", static_cast<int>(calendar.year()),
+                  static_cast<unsigned>(calendar.month()), static_cast<unsigned>(calendar.day()),
+                  static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()));
     return text;
 }
 

@@ -185,11 +185,12 @@ class RecordingDesktop : public Desktop {
     std::vector<std::string> opened;
 };
 
-/// Groups by commas; relative words are what the test sets.
+/// Groups by commas; relative words are what the test sets, dates are in UTC: "2023-11-14 22:13".
 class FixedLocale : public Locale {
   public:
     std::string grouped(std::int64_t number) const override;
     std::string relative(Date, Date) const override { return words; }
+    std::string dateTime(Date date) const override;
 
     std::string words = "X";
 };

@@ -76,5 +76,45 @@ TEST(SystemLocale, RelativeWordsSurviveAnyDate) {
             EXPECT_FALSE(locale.relative(Date{sign * far}, Date{0}).empty()) << sign * far;
 }
 
+/// With plain spaces: some releases of the library write thin ones before the half of the day.
+std::string dateTimeIn(std::map<std::string, std::string> variables, Date date) {
+    auto text = SystemLocale(environmentOf(std::move(variables))).dateTime(date);
+    for (const std::string thin : {"\u202f", "\u00a0"})
+        for (std::size_t at; (at = text.find(thin)) != std::string::npos;)
+            text.replace(at, thin.size(), " ");
+    return text;
+}
+
+TEST(SystemLocale, DatesAreWrittenAsTheUsersLocaleDoesInTheUsersZone) {
+    const auto date = Date::fromUnix(1'700'000'000.9);  // 2023-11-14 22:13:20 UTC
+    EXPECT_EQ(dateTimeIn({{"TZ", "UTC"}}, date), "Nov 14, 2023, 10:13 PM");
+    EXPECT_EQ(dateTimeIn({{"TZ", "UTC"}, {"LANG", "C.UTF-8"}}, date), "Nov 14, 2023, 10:13 PM");
+    EXPECT_EQ(dateTimeIn({{"TZ", "Europe/Berlin"}, {"LANG", "de_DE.UTF-8"}}, date),
+              "14.11.2023, 23:13");
+    EXPECT_EQ(dateTimeIn({{"TZ", ":Asia/Tokyo"}, {"LANG", "en_GB"}}, date), "15 Nov 2023, 07:13");
+}
+
+TEST(SystemLocale, DatesHaveAVariableOfTheirOwn) {
+    const auto date = Date::fromUnix(1'700'000'000);
+    const std::map<std::string, std::string> variables{
+        {"TZ", "UTC"}, {"LC_TIME", "de_DE"}, {"LC_NUMERIC", "en_IN"}, {"LANG", "en_US"}};
+    EXPECT_EQ(dateTimeIn(variables, date), "14.11.2023, 22:13");
+    EXPECT_EQ(groupedIn(variables, 1234567), "12,34,567");
+}
+
+TEST(SystemLocale, AZoneThatNobodyKnowsIsTheSystems) {
+    const auto date = Date::fromUnix(1'700'000'000);
+    EXPECT_EQ(dateTimeIn({{"TZ", "No/Such"}}, date), dateTimeIn({}, date));
+    EXPECT_EQ(dateTimeIn({{"TZ", ""}}, date), dateTimeIn({}, date));
+}
+
+TEST(SystemLocale, DatesSurviveAnyNumber) {
+    const SystemLocale locale(environmentOf({}));
+    for (const double far :
+         {1e12, 1e18, 1e300, -1e12, -1e18, -1e300, std::numeric_limits<double>::infinity(),
+          std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_FALSE(locale.dateTime(Date{far}).empty()) << far;
+}
+
 }  // namespace
 }  // namespace brindlet

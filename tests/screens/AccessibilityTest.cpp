@@ -22,7 +22,8 @@ TEST(ScreenReader, EveryControlOfEveryScreenHasANameAndARole) {
     for (const auto scene :
          {+[](AppState&) {}, +scenes::permission, +scenes::mailboxes, +scenes::chosenMailbox,
           +scenes::noAccounts, +scenes::scanning, +scenes::pausedScan, +scenes::openResults,
-          +scenes::correctedResults, +scenes::stoppedScan, +scenes::nothingFound, +scenes::noRules,
+          +scenes::correctedResults, +scenes::stoppedScan, +scenes::nothingFound, +scenes::history,
+          +scenes::longHistory, +scenes::taughtHistory, +scenes::emptyHistory, +scenes::noRules,
           +scenes::rules}) {
         Stage stage(scene);
         const Reader reader(stage);

@@ -16,6 +16,9 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"paused scan", scenes::pausedScan},
     {"open results", scenes::openResults},
     {"stopped scan", scenes::stoppedScan},
+    {"history", scenes::history},
+    {"taught history", scenes::taughtHistory},
+    {"empty history", scenes::emptyHistory},
     {"no rules", scenes::noRules},
     {"rules", scenes::rules},
 };

@@ -1,6 +1,7 @@
 #include "screens/Stage.h"
 
 #include <QTest>
+#include <algorithm>
 
 namespace brindlet::testing {
 namespace {
@@ -152,6 +153,22 @@ VerdictList verdictsOfOneDomain(int count) {
     return VerdictList(std::move(made));
 }
 
+ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& folder, int moved) {
+    ScanRecord record;
+    record.started = state.services().clock.now() - daysAgo * 86400;
+    record.account = "ada@example.org";
+    record.folder = folder;
+    record.scanned = 1834;
+    record.junk = std::max(212, moved);
+    if (moved > 0) record.movedTo = "Brindlet Junk";
+    for (int i = 0; i < moved; ++i)
+        record.moved.push_back(
+            {std::to_string(i) + "@letters.example",
+             "Quill & Thread <hello" + std::to_string(i) + "@quill.example>",
+             i == 1 ? "" : "New arrivals picked for you, number " + std::to_string(i)});
+    return record;
+}
+
 namespace scenes {
 namespace {
 
@@ -239,6 +256,32 @@ void nothingFound(AppState& state) {
     state.navigate(AppState::Screen::results);
 }
 
+void history(AppState& state) {
+    auto& history = state.history;
+    history.add(scanRecord(state, 0.1, "INBOX", 3));
+    history.writeScan({}, history.records->front().started);
+    history.add(scanRecord(state, 3.4, "Receipts"));
+    history.add(scanRecord(state, 12.7, "דואר נכנס", 1));
+    history.add(scanRecord(state, 33, "Projects/Harbour House with quite a long name of its own"));
+    for (const double daysAgo : {28.5, 0.0}) {
+        auto binned = scanRecord(state, 40 + daysAgo, daysAgo > 0 ? "Junk" : "Archive", 5);
+        binned.deletedAt = state.services().clock.now() - daysAgo * 86400;
+        history.deleted.mutate([&](auto& bin) { bin.insert(bin.begin(), binned); });
+    }
+    state.seen.mark({"a@x.example", "b@x.example"}, true, "ada@example.org", "INBOX");
+    state.navigate(AppState::Screen::history);
+}
+
+void longHistory(AppState& state) {
+    history(state);
+    state.history.records.mutate(
+        [&](auto& records) { records[0] = scanRecord(state, 0.1, "INBOX", 312); });
+}
+
+void emptyHistory(AppState& state) {
+    state.navigate(AppState::Screen::history);
+}
+
 void noRules(AppState& state) {
     selectInbox(state);
     state.navigate(AppState::Screen::rules);
@@ -281,6 +324,11 @@ void rules(AppState& state) {
                          strange});
     state.rules.session.set({orders, arrivals});
     state.navigate(AppState::Screen::rules);
+}
+
+void taughtHistory(AppState& state) {
+    rules(state);
+    history(state);
 }
 
 }  // namespace scenes

@@ -55,6 +55,9 @@ MailAccount account(const std::string& address, std::vector<MailFolder> folders)
 VerdictList verdicts(int count);
 /// The same from forty addresses of one domain.
 VerdictList verdictsOfOneDomain(int count);
+/// A scan so many days before the test's present, with so many messages moved.
+ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& folder,
+                      int moved = 0);
 
 /// States of a session that have a screen of their own each. They leave the session on that screen.
 namespace scenes {
@@ -73,6 +76,13 @@ void openResults(AppState& state);
 void correctedResults(AppState& state);
 void stoppedScan(AppState& state);
 void nothingFound(AppState& state);
+/// Four scans, the first moved three messages and has its file; a bin of two.
+void history(AppState& state);
+/// The same with the first scan moved by hundreds.
+void longHistory(AppState& state);
+/// The same as the first with the rules of `rules`, of which four last.
+void taughtHistory(AppState& state);
+void emptyHistory(AppState& state);
 void noRules(AppState& state);
 /// Two flipped categories and rules of every kind, over the mail of `results`.
 void rules(AppState& state);

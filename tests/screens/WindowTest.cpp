@@ -24,6 +24,10 @@ const std::vector<Scene> allScenes{
     {"stopped scan", scenes::stoppedScan},
     {"corrected results", scenes::correctedResults},
     {"nothing found", scenes::nothingFound},
+    {"history", scenes::history},
+    {"long history", scenes::longHistory},
+    {"taught history", scenes::taughtHistory},
+    {"empty history", scenes::emptyHistory},
     {"no rules", scenes::noRules},
     {"rules", scenes::rules},
 };
@@ -53,7 +57,8 @@ TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
     stage.window()->resize(stage.window()->minimumSize());
     stage.settle();
     const QRectF frame(0, 0, stage.window()->width(), stage.window()->height());
-    const bool scrolls = stage.find("resultsPage") || stage.find("rulesScreen");
+    const bool scrolls =
+        stage.find("resultsPage") || stage.find("historyPage") || stage.find("rulesScreen");
     for (auto* item : stage.tabStops()) {
         const auto place = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
         EXPECT_GE(place.left(), 0) << item->objectName().toStdString();
@@ -77,6 +82,7 @@ TEST(Window, ShowsTheScreenOfTheSession) {
         {AppState::Screen::pick, "pickScreen"},
         {AppState::Screen::scanning, "scanningScreen"},
         {AppState::Screen::results, "resultsScreen"},
+        {AppState::Screen::history, "historyScreen"},
         {AppState::Screen::rules, "rulesScreen"},
         {AppState::Screen::welcome, "welcomeScreen"},
     };

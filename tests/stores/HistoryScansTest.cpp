@@ -54,6 +54,19 @@ TEST(HistoryScans, ADateOutOfReachIsStillAFile) {
     EXPECT_TRUE(world.has("scans/978307199.json"));
 }
 
+TEST(HistoryScans, WhetherOneStandsIsToldWithoutReadingIt) {
+    ScansWorld world;
+    const auto started = Date::fromUnix(1700000000.5);
+    EXPECT_FALSE(world.history.hasScan(started));
+    world.history.writeScan({message(1)}, started);
+    EXPECT_TRUE(world.history.hasScan(started));
+    EXPECT_FALSE(world.history.hasScan(Date::fromUnix(1700000001)));
+    world.put("scans/1700000000.json", "damaged");
+    EXPECT_TRUE(world.history.hasScan(started)) << "only opening it tells that it is damaged";
+    files::remove(world.file("scans/1700000000.json"));
+    EXPECT_FALSE(world.history.hasScan(started));
+}
+
 TEST(HistoryScans, OnlyTheTwentyGreatestNamesStay) {
     ScansWorld world;
     for (int i = 0; i < 20; ++i) world.history.writeScan({}, Date::fromUnix(1700000000 + i));

@@ -3,6 +3,7 @@
 #include "words/CalibrationWords.h"
 #include "words/CategoryWords.h"
 #include "words/FolderWords.h"
+#include "words/HistoryWords.h"
 #include "words/ListWords.h"
 #include "words/OfferWords.h"
 #include "words/PermissionWords.h"
@@ -124,6 +125,19 @@ TEST(StaticWords, Undo) {
 
 TEST(StaticWords, Offer) {
     EXPECT_EQ(OfferWords().symbol, "wand.and.stars");
+}
+
+TEST(StaticWords, History) {
+    const HistoryWords words;
+    EXPECT_EQ(words.title, "History");
+    EXPECT_EQ(words.rulesTitle, "RULES YOU TAUGHT IT");
+    EXPECT_EQ(words.binTitle, "RECENTLY DELETED");
+    EXPECT_STREQ(historyLabels::putOnScreen, "Put this scan back on screen");
+    EXPECT_STREQ(historyLabels::deleteScan, "Delete Scan");
+    EXPECT_STREQ(historyLabels::deleteSymbol, "trash");
+    EXPECT_STREQ(historyLabels::putBack, "Put back");
+    EXPECT_STREQ(historyLabels::purgeHelp,
+                 "Erase this scan and the verdicts it saved. Cannot be undone.");
 }
 
 TEST(StaticWords, Rules) {

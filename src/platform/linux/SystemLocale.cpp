@@ -1,7 +1,9 @@
 #include "platform/linux/SystemLocale.h"
 
+#include <unicode/datefmt.h>
 #include <unicode/locid.h>
 #include <unicode/numberformatter.h>
+#include <unicode/timezone.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -11,16 +13,33 @@
 namespace brindlet {
 namespace {
 
-std::string localeName(const Environment& environment) {
+icu::Locale localeFor(const char* category, const Environment& environment) {
     std::string name;
-    for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
+    for (const char* variable : {"LC_ALL", category, "LANG"}) {
         const char* const value = environment(variable);
         if (!value || !*value) continue;
         name = value;
         break;
     }
     name.resize(std::min(name.find_first_of(".@"), name.size()));  // "de_DE.UTF-8@euro"
-    return name.empty() || name == "C" || name == "POSIX" ? "en_US" : name;
+    if (name.empty() || name == "C" || name == "POSIX") name = "en_US";
+    return icu::Locale(name.c_str());
+}
+
+/// Null when the library has no such format.
+std::unique_ptr<icu::DateFormat> dateFormat(const Environment& environment) {
+    std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createDateTimeInstance(
+        icu::DateFormat::kMedium, icu::DateFormat::kShort, localeFor("LC_TIME", environment)));
+    if (!format) return nullptr;
+    const char* const named = environment("TZ");
+    std::unique_ptr<icu::TimeZone> zone;
+    if (named && *named)
+        zone.reset(icu::TimeZone::createTimeZone(
+            icu::UnicodeString::fromUTF8(named + (*named == ':' ? 1 : 0))));
+    if (!zone || *zone == icu::TimeZone::getUnknown())
+        zone.reset(icu::TimeZone::detectHostTimeZone());
+    format->adoptTimeZone(zone.release());
+    return format;
 }
 
 /// Whole months from one moment to a later one, by the calendar: the 31st of January is a month
@@ -44,11 +63,13 @@ std::int64_t monthsBetween(double fromUnix, double toUnix) {
 
 struct SystemLocale::Formatter {
     icu::number::LocalizedNumberFormatter numbers;
+    std::unique_ptr<icu::DateFormat> dates;
 };
 
 SystemLocale::SystemLocale(const Environment& environment)
-    : formatter_(std::make_unique<Formatter>(Formatter{icu::number::NumberFormatter::withLocale(
-          icu::Locale(localeName(environment).c_str()))})) {}
+    : formatter_(std::make_unique<Formatter>(
+          Formatter{icu::number::NumberFormatter::withLocale(localeFor("LC_NUMERIC", environment)),
+                    dateFormat(environment)})) {}
 
 SystemLocale::~SystemLocale() = default;
 
@@ -83,6 +104,14 @@ std::string SystemLocale::relative(Date date, Date now) const {
     if (unit == std::end(units)) return "in 0 seconds";
     const auto words = grouped(unit->count) + ' ' + unit->name + (unit->count == 1 ? "" : "s");
     return past ? words + " ago" : "in " + words;
+}
+
+std::string SystemLocale::dateTime(Date date) const {
+    std::string text;
+    if (!formatter_->dates) return text;
+    icu::UnicodeString formatted;
+    formatter_->dates->format(date.unix() * 1000, formatted).toUTF8String(text);
+    return text;
 }
 
 }  // namespace brindlet

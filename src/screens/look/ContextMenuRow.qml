@@ -1,0 +1,37 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// One line of a menu.
+T.MenuItem {
+    id: root
+
+    property string symbol: ""
+    property color tint: Theme.ink
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: 34
+    leftPadding: 10
+    rightPadding: 12
+    hoverEnabled: true
+
+    background: Rectangle {
+        radius: Theme.rowRadius - 2
+        color: root.highlighted ? Theme.press : "transparent"
+    }
+    contentItem: Item {
+        implicitWidth: face.implicitWidth
+
+        ButtonFace {
+            id: face
+
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: root.symbol
+            text: root.text
+            tint: root.tint
+        }
+    }
+
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: root.text
+    Accessible.onPressAction: root.triggered()
+}

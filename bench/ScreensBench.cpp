@@ -1,6 +1,8 @@
 // Prints what a person waits for in the window: the first picture after the start, the frames while
 // a long list scrolls, and what ticks and a filter take in it. Off screen, run alone, best of
 // three; fails at twice the limits.
+#include <time.h>
+
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QProcess>
@@ -39,6 +41,20 @@ constexpr int rulesOfOneSender = 1'000;
 constexpr int frames = 400;
 constexpr double step = 37;
 constexpr int changesPerSecond = 10;
+
+/// What this thread works, for what does not wait: on the wall, whatever else runs counts as well.
+class WorkTimer {
+  public:
+    double milliseconds() const { return now() - start_; }
+
+  private:
+    static double now() {
+        timespec time{};
+        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return 1e3 * static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_nsec);
+    }
+    double start_ = now();
+};
 
 double milliseconds(const QElapsedTimer& timer) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
@@ -155,10 +171,9 @@ double scrollingThroughChanges(testing::Stage& stage) {
 double firstRefresh(testing::Stage& stage) {
     screens::ResultsModel results(*stage.state);
     stage.state->verdicts.set(oneLongCategory());
-    QElapsedTimer timer;
-    timer.start();
+    const WorkTimer timer;
     results.refresh();
-    return milliseconds(timer);
+    return timer.milliseconds();
 }
 
 /// From coming to the rules to all rows and words.
@@ -198,13 +213,13 @@ double ticking(testing::Stage& stage) {
     const auto& index = stage.state->index();
     std::set<std::uint32_t> known;
     std::vector<double> costs;
-    QElapsedTimer timer;
+    WorkTimer timer;
     const auto told = QObject::connect(&list, &QAbstractItemModel::dataChanged, &list,
-                                       [&] { costs.push_back(milliseconds(timer)); });
+                                       [&] { costs.push_back(timer.milliseconds()); });
     for (int row = 0; costs.size() < frames; row += 7) {
         if (known.insert(index.groupOf(static_cast<std::uint32_t>(row))).second)
             stage.state->familyTemplate((*stage.state->verdicts)[static_cast<std::size_t>(row)]);
-        timer.start();
+        timer = WorkTimer();
         list.tick(row);
         QCoreApplication::sendPostedEvents();
     }
@@ -215,15 +230,14 @@ double ticking(testing::Stage& stage) {
 /// The dearest of the keys of a few words, typed and deleted again, with the view at work.
 double filtering(testing::Stage& stage) {
     auto* list = stage.await(QStringLiteral("messages"));
-    auto& messages = *stage.model().results()->messages();
+    auto& rows = *stage.model().results()->messages();
     const auto text = QStringLiteral("arrivals picked for you, number 49");
     double worst = 0;
     const auto type = [&](qsizetype length) {
-        QElapsedTimer timer;
-        timer.start();
-        messages.setFilter(text.left(length));
+        const WorkTimer timer;
+        rows.setFilter(text.left(length));
         QMetaObject::invokeMethod(list, "forceLayout");
-        worst = std::max(worst, milliseconds(timer));
+        worst = std::max(worst, timer.milliseconds());
         stage.settle();
     };
     for (qsizetype length = 1; length <= text.size(); ++length) type(length);

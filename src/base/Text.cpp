@@ -7,23 +7,20 @@
 
 #include <charconv>
 
+#include "base/AsciiBlocks.h"
 #include "base/Graphemes.h"
 #include "base/Utf8.h"
 
 namespace brindlet {
 namespace {
 
-bool isAscii(std::string_view text) {
-    for (const char c : text)
-        if (static_cast<unsigned char>(c) >= 0x80) return false;
-    return true;
-}
-
-void appendAsciiLowercased(std::string_view text, std::string& out) {
+/// False, and nothing added, when the text is not ASCII.
+bool appendAsciiLowercased(std::string_view text, std::string& out) {
     const auto start = out.size();
-    out.append(text);
-    for (auto i = start; i < out.size(); ++i)
-        if (out[i] >= 'A' && out[i] <= 'Z') out[i] = static_cast<char>(out[i] + 32);
+    out.resize(start + text.size());
+    if (ascii::lower(text, out.data() + start)) return true;
+    out.resize(start);
+    return false;
 }
 
 icu::StringPiece piece(std::string_view text) {
@@ -60,10 +57,7 @@ bool containsAny(std::string_view text, Test test) {
 
 std::string lowercased(std::string_view text) {
     std::string out;
-    if (isAscii(text)) {
-        appendAsciiLowercased(text, out);
-        return out;
-    }
+    if (appendAsciiLowercased(text, out)) return out;
     out.reserve(text.size());
     UErrorCode status = U_ZERO_ERROR;
     icu::StringByteSink<std::string> sink(&out);
@@ -78,10 +72,7 @@ std::string caseFolded(std::string_view text) {
 }
 
 void appendCaseFolded(std::string_view text, std::string& out) {
-    if (isAscii(text)) {
-        appendAsciiLowercased(text, out);
-        return;
-    }
+    if (appendAsciiLowercased(text, out)) return;
     UErrorCode status = U_ZERO_ERROR;
     std::string folded;
     icu::StringByteSink<std::string> sink(&folded);

@@ -5,8 +5,8 @@
 #include <span>
 #include <string>
 
+#include "base/AsciiBlocks.h"
 #include "base/Text.h"
-#include "classify/AsciiBlocks.h"
 #include "classify/Interner.h"
 #include "classify/WordSplitter.h"
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/AsciiBlocks.h"
 #include "base/Graphemes.h"
 #include "base/Text.h"
 #include "base/Utf8.h"
-#include "classify/AsciiBlocks.h"
 #include "classify/Interner.h"
 
 namespace brindlet {

@@ -60,6 +60,8 @@ void AppModel::refresh() {
     if (appears && screen_ == Rules) rules_.leave();
     switch (next) {
         case Welcome:
+            welcome_.refresh();
+            break;
         case Permission:
             break;
         case Pick:

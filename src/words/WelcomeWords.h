@@ -5,6 +5,8 @@
 
 namespace brindlet {
 
+class AppState;
+
 /// A small pill with a symbol and a word.
 struct Badge {
     std::string symbol;
@@ -29,5 +31,19 @@ struct WelcomeWords {
 
     friend bool operator==(const WelcomeWords&, const WelcomeWords&) = default;
 };
+
+/// A line under the button that leads to a screen.
+struct HomeLink {
+    enum class To { history, rules };
+
+    To to = To::history;
+    std::string symbol;
+    std::string text;
+
+    friend bool operator==(const HomeLink&, const HomeLink&) = default;
+};
+
+/// Main thread.
+std::vector<HomeLink> homeLinks(const AppState& state);
 
 }  // namespace brindlet

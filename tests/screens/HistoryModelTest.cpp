@@ -269,8 +269,8 @@ TEST(HistoryModel, AScanWhoseFileIsGoneCannotBePutOnScreen) {
     Past past;
     past.model.setOpen(0, true);
     past.model.setOpen(1, true);
-    EXPECT_TRUE(past.scan(0, ScansModel::OnDiskRole).toBool());
-    EXPECT_FALSE(past.scan(1, ScansModel::OnDiskRole).toBool());
+    EXPECT_TRUE(past.scan(0, ScansModel::FileStandsRole).toBool());
+    EXPECT_FALSE(past.scan(1, ScansModel::FileStandsRole).toBool());
     past.model.putOnScreen(1);
     EXPECT_EQ(*past.state->screen, AppState::Screen::history);
 }
@@ -287,7 +287,7 @@ TEST(HistoryModel, AFileThatGoesWhileTheRowIsOpenTurnsTheButtonOff) {
     files::remove(scanFile(past));
     past.model.putOnScreen(0);
     EXPECT_EQ(*past.state->screen, AppState::Screen::history);
-    EXPECT_FALSE(past.scan(0, ScansModel::OnDiskRole).toBool());
+    EXPECT_FALSE(past.scan(0, ScansModel::FileStandsRole).toBool());
 }
 
 TEST(HistoryModel, ADamagedFileOpensNothing) {

@@ -60,10 +60,12 @@ TEST(RulesByReader, AMessageOfARuleIsACheckBox) {
     const Reader reader(stage);
     press(reader.find("quill.example"));
     stage.settle();
+    // The rows come with the next frame.
     const auto name = QStringLiteral(
-        "New arrivals picked for you, number 0, Quill & Thread <hello0@quill.example>");
-    QAccessibleInterface* message = nullptr;
-    ASSERT_TRUE(QTest::qWaitFor([&] { return (message = named(reader.root, name)) != nullptr; }));
+        "New arrivals picked for you, number 0, Quill & Thread "
+        "<hello0@quill.example>");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return named(reader.root, name) != nullptr; }));
+    auto* message = named(reader.root, name);
     EXPECT_EQ(message->role(), QAccessible::CheckBox);
     EXPECT_TRUE(message->state().checkable);
     EXPECT_TRUE(message->state().checked);

@@ -169,6 +169,16 @@ ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& 
     return record;
 }
 
+VerdictList verdictsOfOneDomain(int count) {
+    std::vector<Verdict> made;
+    for (auto verdict : verdicts(count)) {
+        verdict.sender =
+            "Quill & Thread <hello" + std::to_string(made.size() % 40) + "@quill.example>";
+        made.push_back(std::move(verdict));
+    }
+    return VerdictList(std::move(made));
+}
+
 namespace scenes {
 namespace {
 

@@ -58,6 +58,8 @@ VerdictList verdictsOfOneDomain(int count);
 /// A scan so many days before the test's present, with so many messages moved.
 ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& folder,
                       int moved = 0);
+/// The same from forty addresses of one domain.
+VerdictList verdictsOfOneDomain(int count);
 
 /// States of a session that have a screen of their own each. They leave the session on that screen.
 namespace scenes {

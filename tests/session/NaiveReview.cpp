@@ -4,29 +4,30 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "classify/Classifier.h"
 #include "stores/Rules.h"
 
 namespace brindlet {
 
 NaiveReview::NaiveReview(std::vector<Verdict> verdicts, bool inJunk, std::set<std::int64_t> chosen)
-    : ticked(std::move(chosen)), verdicts_(std::move(verdicts)), inJunk_(inJunk) {}
+    : ticked(std::move(chosen)), verdicts_(std::move(verdicts)), inJunk_(inJunk) {
+    for (const auto& verdict : verdicts_) {
+        if (templates_.contains(verdict.id)) continue;
+        std::vector<std::int64_t> ids;
+        std::vector<std::string> subjects;
+        for (const auto& other : verdicts_) {
+            if (Rules::senderKey(other.sender) != Rules::senderKey(verdict.sender)) continue;
+            ids.push_back(other.id);
+            subjects.push_back(other.subject);
+        }
+        const auto mined = Classifier::mineTemplates(subjects);
+        for (std::size_t i = 0; i < ids.size(); ++i) templates_[ids[i]] = mined[i];
+    }
+}
 
 const Verdict* NaiveReview::find(std::int64_t id) const {
     for (const auto& verdict : verdicts_)
         if (verdict.id == id) return &verdict;
     return nullptr;
-}
-
-Classifier::Words NaiveReview::templateOf(const Verdict& wanted) const {
-    std::vector<std::string> subjects;
-    std::size_t place = 0;
-    for (const auto& verdict : verdicts_) {
-        if (Rules::senderKey(verdict.sender) != Rules::senderKey(wanted.sender)) continue;
-        if (verdict.id == wanted.id) place = subjects.size();
-        subjects.push_back(verdict.subject);
-    }
-    return Classifier::mineTemplates(subjects)[place];
 }
 
 std::optional<Rule> NaiveReview::learn(const Verdict& verdict, bool keep, Rule::Scope scope,
@@ -93,14 +94,14 @@ void NaiveReview::toggle(std::int64_t id) {
     touched.push_back(id);
 
     const auto key = Rules::senderKey(verdict.sender);
-    const auto words = templateOf(verdict);
+    const auto words = templates_.at(id);
     std::vector<std::int64_t> others, same;
     for (const auto& other : verdicts_) {
         if (other.id == id || !other.messageID || other.category != verdict.category) continue;
         if (Rules::senderKey(other.sender) != key) continue;
         if (ticked.contains(other.id) != wasTicked) continue;
         others.push_back(other.id);
-        if (!words.empty() && templateOf(other) == words) same.push_back(other.id);
+        if (!words.empty() && templates_.at(other.id) == words) same.push_back(other.id);
     }
     const bool correction = (static_cast<int>(inJunk_) + nowTicked + verdict.isJunk) % 2 == 1;
     offer.reset();

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "classify/Classifier.h"
 #include "classify/Verdict.h"
 #include "session/Review.h"
 #include "stores/Calibration.h"
@@ -37,7 +38,6 @@ class NaiveReview {
 
   private:
     const Verdict* find(std::int64_t id) const;
-    Classifier::Words templateOf(const Verdict& verdict) const;
     std::optional<Rule> learn(const Verdict& verdict, bool keep, Rule::Scope scope,
                               const Classifier::Words& words);
     void count(const Verdict& verdict, bool keep);
@@ -46,6 +46,7 @@ class NaiveReview {
 
     const std::vector<Verdict> verdicts_;
     const bool inJunk_;
+    std::map<std::int64_t, Classifier::Words> templates_;
 };
 
 }  // namespace brindlet

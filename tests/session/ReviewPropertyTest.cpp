@@ -33,7 +33,7 @@ class ReviewProperty : public ReviewTest {
         list.clear();
         moved.clear();
         const auto most = 1 + below(3);  // so that some scans have one sender or category only
-        for (auto count = 1 + below(16); count > 0; --count) {
+        for (auto count = 1 + below(12); count > 0; --count) {
             auto& verdict =
                 addVerdict(senders[below(most)], pick(shapes) + std::to_string(below(9)),
                            categories[below(most)]);
@@ -155,7 +155,7 @@ TEST_F(ReviewProperty, DoesWhatTheNaiveModelDoes) {
         SCOPED_TRACE(sequence);
         inventScan();
         showScan();
-        for (auto steps = 1 + below(9); steps > 0; --steps) {
+        for (auto steps = 1 + below(6); steps > 0; --steps) {
             step();
             compare();
             if (HasFailure()) return;

@@ -6,14 +6,7 @@ import Brindlet.Screens
 ColumnLayout {
     id: root
 
-    required property int scan
-    required property string junk
-    required property string movedInto
-    required property string movedTitle
-    required property MovedModel messages
-    required property bool onDisk
-    required property HistoryModel history
-    required property int controlFocus
+    required property ScanRow row
     readonly property int mostRows: 8
 
     spacing: Theme.space3
@@ -23,13 +16,13 @@ ColumnLayout {
         spacing: Theme.space2
 
         Txt {
-            objectName: "junk" + root.scan
-            text: root.junk
+            objectName: "junk" + root.row.index
+            text: root.row.junk
             size: Theme.rowSize
             color: Theme.ink2
         }
         Txt {
-            visible: root.movedInto !== ""
+            visible: root.row.movedInto !== ""
             text: "\u00b7"
             size: Theme.rowSize
             color: Theme.ink3
@@ -37,30 +30,30 @@ ColumnLayout {
         }
         Txt {
             Layout.fillWidth: true
-            text: root.movedInto
+            text: root.row.movedInto
             size: Theme.rowSize
             color: Theme.ink2
             elide: Text.ElideRight
         }
         GhostButton {
-            objectName: "putOnScreen" + root.scan
+            objectName: "putOnScreen" + root.row.index
             symbol: "arrow.uturn.backward"
-            text: root.history.putOnScreenLabel
+            text: root.row.history.putOnScreenLabel
             boxed: true
             tint: Theme.lavenderInk
-            enabled: root.onDisk
-            focusPolicy: root.controlFocus
-            onClicked: root.history.putOnScreen(root.scan)
+            enabled: root.row.fileStands
+            focusPolicy: root.row.controlFocus
+            onClicked: root.row.history.putOnScreen(root.row.index)
         }
     }
     SectionLabel {
         Layout.fillWidth: true
-        visible: root.movedTitle !== ""
-        text: root.movedTitle
+        visible: root.row.movedTitle !== ""
+        text: root.row.movedTitle
     }
     Rectangle {
         Layout.fillWidth: true
-        visible: root.movedTitle !== ""
+        visible: root.row.movedTitle !== ""
         implicitHeight: list.height + 10
         radius: Theme.rowRadius + 2
         color: Theme.field
@@ -70,13 +63,13 @@ ColumnLayout {
         RowList {
             id: list
 
-            objectName: "moved" + root.scan
+            objectName: "moved" + root.row.index
             y: 5
             width: parent.width
             height: Math.min(count, root.mostRows) * Theme.rowHeight
-            name: root.history.movedName
-            activeFocusOnTab: root.controlFocus === Qt.StrongFocus
-            model: root.messages
+            name: root.row.history.movedName
+            activeFocusOnTab: root.row.controlFocus === Qt.StrongFocus
+            model: root.row.messages
             currentIndex: 0
 
             delegate: MovedRow {}

@@ -21,9 +21,14 @@ ContextMenu {
     function ask(asked: ScanRow, place: point): void {
         asked.forceActiveFocus();
         root.scan = asked;
-        root.popup(asked, place.x, place.y);
+        root.showAt(asked, place);
         if (Theme.keyboardLeads)
             root.currentIndex = 0;
+    }
+
+    // By its base type, without which the lint falls over the call.
+    function showAt(item: Item, place: point): void {
+        root.popup(item, place.x, place.y);
     }
 
     ContextMenuRow {

@@ -17,7 +17,7 @@ StackRow {
     required property string movedInto
     required property string movedTitle
     required property MovedModel messages
-    required property bool onDisk
+    required property bool fileStands
     required property HistoryModel history
 
     objectName: "scan" + index
@@ -28,6 +28,17 @@ StackRow {
     onOpened: root.history.setOpen(root.index, true)
     onClosed: root.history.setOpen(root.index, false)
     onDeletePressed: root.remove()
+
+    onExpandedChanged: root.showDetails()
+    Component.onCompleted: root.showDetails()
+
+    // Made only while the row is open.
+    function showDetails(): void {
+        if (root.expanded)
+            details.setSource("ScanDetails.qml", { "row": root });
+        else
+            details.source = "";
+    }
 
     // The row keeps the keyboard, and hands it on as it goes.
     function remove(): void {
@@ -134,21 +145,11 @@ StackRow {
             }
         }
         Loader {
-            active: root.expanded
-            visible: active
+            id: details
+
+            visible: root.expanded
             x: 20
             width: parent.width - 40
-
-            sourceComponent: ScanDetails {
-                scan: root.index
-                junk: root.junk
-                movedInto: root.movedInto
-                movedTitle: root.movedTitle
-                messages: root.messages
-                onDisk: root.onDisk
-                history: root.history
-                controlFocus: root.controlFocus
-            }
         }
     }
 

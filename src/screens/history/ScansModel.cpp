@@ -41,8 +41,8 @@ QVariant ScansModel::data(const QModelIndex& index, int role) const {
             return qtText(row.words.movedTitle);
         case MessagesRole:
             return QVariant::fromValue(row.messages);
-        case OnDiskRole:
-            return row.onDisk;
+        case FileStandsRole:
+            return row.fileStands;
         case HistoryRole:
             return QVariant::fromValue(&history_);
         default:
@@ -62,7 +62,7 @@ QHash<int, QByteArray> ScansModel::roleNames() const {
             {MovedIntoRole, "movedInto"},
             {MovedTitleRole, "movedTitle"},
             {MessagesRole, "messages"},
-            {OnDiskRole, "onDisk"},
+            {FileStandsRole, "fileStands"},
             {HistoryRole, "history"}};
 }
 
@@ -78,7 +78,7 @@ void ScansModel::refresh() {
         if (const auto found = open_.find(row.id); found != open_.end()) {
             row.messages = found->second.get();
             if (otherRecords) row.messages->set(record.moved);
-            row.onDisk = history.hasScan(record.started);
+            row.fileStands = history.hasScan(record.started);
         }
         row.words = scanWords(record, row.open(), state_.services().locale);
         fresh.push_back(std::move(row));

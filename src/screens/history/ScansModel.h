@@ -43,7 +43,7 @@ class ScansModel : public RowsModel {
         /// The list of what was moved; null while the row is closed.
         MessagesRole,
         /// The scan can be put back on screen.
-        OnDiskRole,
+        FileStandsRole,
         HistoryRole,
     };
 
@@ -64,7 +64,7 @@ class ScansModel : public RowsModel {
     struct Row {
         std::string id;
         ScanWords words;
-        bool onDisk = false;
+        bool fileStands = false;
         MovedModel* messages = nullptr;
 
         bool open() const { return messages != nullptr; }

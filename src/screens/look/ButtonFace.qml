@@ -10,6 +10,8 @@ Item {
     property int symbolSize: 16
     property int size: Theme.rowSize
     property int weight: Font.Medium
+    // At the left edge instead of in the middle.
+    property bool leading: false
 
     implicitWidth: row.implicitWidth
     implicitHeight: row.implicitHeight
@@ -17,7 +19,8 @@ Item {
     Row {
         id: row
 
-        anchors.centerIn: parent
+        x: root.leading ? 0 : (root.width - width) / 2
+        anchors.verticalCenter: parent.verticalCenter
         spacing: 7
 
         Symbol {

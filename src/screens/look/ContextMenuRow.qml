@@ -18,17 +18,11 @@ T.MenuItem {
         radius: Theme.rowRadius - 2
         color: root.highlighted ? Theme.press : "transparent"
     }
-    contentItem: Item {
-        implicitWidth: face.implicitWidth
-
-        ButtonFace {
-            id: face
-
-            anchors.verticalCenter: parent.verticalCenter
-            symbol: root.symbol
-            text: root.text
-            tint: root.tint
-        }
+    contentItem: ButtonFace {
+        symbol: root.symbol
+        text: root.text
+        tint: root.tint
+        leading: true
     }
 
     Accessible.role: Accessible.MenuItem

@@ -41,4 +41,5 @@ T.ItemDelegate {
     Accessible.name: root.label
     Accessible.selectable: true
     Accessible.selected: root.chosen
+    Accessible.onPressAction: root.clicked()
 }

@@ -56,7 +56,7 @@ void MessagesModel::setFilter(const QString& text) {
     const auto before = rowFilter_.matches(filter_.toStdString());
     filter_ = text;
     Q_EMIT filterChanged();
-    // Where nothing goes and nothing comes, the list stays as it is scrolled.
+    // Where nothing comes and nothing goes, the list stays as it is scrolled.
     if (rowFilter_.matches(filter_.toStdString()) != before) rebuild();
     refreshLines();
 }

@@ -14,35 +14,38 @@ constexpr char divider = '\xFF';
 
 }  // namespace
 
+RowFilter::RowFilter() : steps_(1) {}
+
 void RowFilter::reset(VerdictList verdicts, std::vector<std::uint32_t> positions) {
     verdicts_ = std::move(verdicts);
     positions_ = std::move(positions);
     folded_ = {};
     ends_ = {};
-    needle_.clear();
-    matches_.resize(positions_.size());
-    std::iota(matches_.begin(), matches_.end(), 0U);
+    steps_.assign(1, {});
+    auto& all = steps_.front().matches;
+    all.resize(positions_.size());
+    std::iota(all.begin(), all.end(), 0U);
 }
 
 const std::vector<std::uint32_t>& RowFilter::matches(std::string_view text) {
     auto needle = caseFolded(text);
-    if (needle == needle_) return matches_;
     // What holds a longer text holds every part of it.
-    const bool narrower = needle.find(needle_) != std::string::npos;
-    needle_ = std::move(needle);
-    if (!narrower) {
-        matches_.resize(positions_.size());
-        std::iota(matches_.begin(), matches_.end(), 0U);
-    }
-    if (needle_.empty()) return matches_;
+    while (needle.find(steps_.back().needle) == std::string::npos) steps_.pop_back();
+    if (needle == steps_.back().needle) return steps_.back().matches;
     if (ends_.empty()) foldTexts();
-    std::erase_if(matches_, [&](std::uint32_t index) {
-        return foldedText(index).find(needle_) == std::string_view::npos;
-    });
-    return matches_;
+
+    std::vector<std::uint32_t> left;
+    for (const auto index : steps_.back().matches)
+        if (foldedText(index).find(needle) != std::string_view::npos) left.push_back(index);
+    steps_.push_back({std::move(needle), std::move(left)});
+    return steps_.back().matches;
 }
 
 void RowFilter::foldTexts() {
+    std::size_t bytes = 0;
+    for (const auto position : positions_)
+        bytes += verdicts_[position].sender.size() + 1 + verdicts_[position].subject.size();
+    folded_.reserve(bytes);
     ends_.reserve(positions_.size());
     for (const auto position : positions_) {
         const auto& verdict = verdicts_[position];

@@ -102,7 +102,7 @@ Item {
             ofSession: root.ofSession
             marked: root.marked
             isCurrent: root.isCurrent
-            onLeft: root.forceActiveFocus(Qt.BacktabFocusReason)
+            onTabbedBack: root.forceActiveFocus(Qt.BacktabFocusReason)
         }
         RuleMessage {
             width: parent.width

@@ -25,7 +25,7 @@ Item {
     readonly property RuleControlsText controls: rules.controls
     readonly property int focusOfButtons: isCurrent ? Qt.TabFocus : Qt.NoFocus
     // By Tab, backwards out of the first button.
-    signal left
+    signal tabbedBack
 
     height: parent.height
 
@@ -107,7 +107,7 @@ Item {
                     text: root.verdict
                     tone: root.verdictTone
                     help: root.flipHelp
-                    Keys.onBacktabPressed: root.left()
+                    Keys.onBacktabPressed: root.tabbedBack()
                     onClicked: root.rules.flip(root.index)
                 }
                 Txt {

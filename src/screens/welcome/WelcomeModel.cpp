@@ -11,6 +11,13 @@ WelcomeModel::WelcomeModel(AppState& state) : state_(state) {
     badges_.set(std::move(badges));
 }
 
+void WelcomeModel::refresh() {
+    homeLinks_ = homeLinks(state_);
+    std::vector<LinesModel::Line> lines;
+    for (const auto& link : homeLinks_) lines.emplace_back(link.symbol, link.text);
+    links_.set(std::move(lines));
+}
+
 QString WelcomeModel::symbol() const {
     return qtText(words_.symbol);
 }
@@ -29,6 +36,13 @@ QString WelcomeModel::startLabel() const {
 
 void WelcomeModel::start() {
     state_.pressOn();
+}
+
+void WelcomeModel::follow(int link) {
+    if (link < 0 || static_cast<std::size_t>(link) >= homeLinks_.size()) return;
+    const auto to = homeLinks_[static_cast<std::size_t>(link)].to;
+    state_.navigate(to == HomeLink::To::rules ? AppState::Screen::rules
+                                              : AppState::Screen::history);
 }
 
 }  // namespace brindlet::screens

@@ -2,6 +2,7 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
+#include <vector>
 
 #include "screens/LinesModel.h"
 #include "words/WelcomeWords.h"
@@ -22,22 +23,30 @@ class WelcomeModel : public QObject {
     Q_PROPERTY(QString text READ text CONSTANT)
     Q_PROPERTY(QString startLabel READ startLabel CONSTANT)
     Q_PROPERTY(brindlet::screens::LinesModel* badges READ badges CONSTANT)
+    Q_PROPERTY(brindlet::screens::LinesModel* links READ links CONSTANT)
 
   public:
     explicit WelcomeModel(AppState& state);
+
+    void refresh();
 
     QString symbol() const;
     QString title() const;
     QString text() const;
     QString startLabel() const;
     LinesModel* badges() { return &badges_; }
+    LinesModel* links() { return &links_; }
 
     Q_INVOKABLE void start();
+    /// To where that link leads.
+    Q_INVOKABLE void follow(int link);
 
   private:
     AppState& state_;
     WelcomeWords words_;
+    std::vector<HomeLink> homeLinks_;
     LinesModel badges_;
+    LinesModel links_;
 };
 
 }  // namespace brindlet::screens

@@ -38,4 +38,17 @@ HeroScreen {
         focus: true
         onClicked: root.model.start()
     }
+    Row {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: Theme.space6
+        spacing: Theme.space2
+
+        Repeater {
+            model: root.model.links
+            onItemAdded: (index, item) =>
+                (item as HomeLink).clicked.connect(() => root.model.follow(index))
+
+            HomeLink {}
+        }
+    }
 }

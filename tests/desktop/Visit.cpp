@@ -1,0 +1,82 @@
+#include "desktop/Visit.h"
+
+#include <gtest/gtest.h>
+
+#include <QSet>
+#include <algorithm>
+#include <iostream>
+
+#include "desktop/Roles.h"
+
+namespace brindlet::desktop {
+namespace {
+
+QProcessEnvironment forWindows(QProcessEnvironment environment) {
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("1"));
+    // Without a screen reader's wish on the session bus the toolkit would stay silent.
+    environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+    return environment;
+}
+
+/// What is only looked at.
+const QSet<QString> still{role::application, role::frame,       role::heading,
+                          role::label,       role::progressBar, role::list,
+                          role::dialog,      role::alert,       role::text};
+
+}  // namespace
+
+Visit::Visit(int messages)
+    : messages_(messages),
+      program_(
+          QStringLiteral(BRINDLET_DEMO), {QStringLiteral("--messages"), QString::number(messages)},
+          forWindows(desktop_.environment()), desktop_.folder() + QStringLiteral("/program.log")),
+      reader_(desktop_.accessibility(), program_.pid()) {
+    EXPECT_EQ(desktop_.problem().toStdString(), "");
+}
+
+Visit::~Visit() {
+    if (testing::Test::HasFailure())
+        std::cerr << (program_.runs() ? "The program runs.\n" : "The program has ended.\n")
+                  << program_.errors().toStdString();
+}
+
+void Visit::start() const {
+    reader_.press(role::button, QStringLiteral("Start"));
+    reader_.await(role::list, QStringLiteral("Mailboxes"));
+}
+
+void Visit::chooseTheWholeInbox() const {
+    reader_.press(role::radioButton, QStringLiteral("INBOX"));
+    reader_.press(role::comboBox, QStringLiteral("HOW FAR BACK"));
+    reader_.press(role::listItem, QStringLiteral("Everything"));
+    reader_.await(role::label, QStringLiteral("%1 to sort").arg(messages_ / 2));
+}
+
+Thing Visit::openAds() const {
+    chooseTheWholeInbox();
+    reader_.press(role::button, QStringLiteral("Sort it"));
+    auto ads = reader_.awaitAny(QStringLiteral("the first category"), [](const Thing& thing) {
+        return thing.role == role::button &&
+               thing.name.startsWith(QStringLiteral("Ads & promotions, "));
+    });
+    EXPECT_EQ(ads.description.toStdString(), "JUNK, Collapsed");
+    reader_.press(ads);
+    reader_.await(ads.role, ads.name, [](const Thing& thing) {
+        return thing.description == QStringLiteral("JUNK, Expanded");
+    });
+    return ads;
+}
+
+void Visit::expectAllCanBePressed() const {
+    const auto isFine = [](const Thing* thing) {
+        return still.contains(thing->role) ||
+               (!thing->name.isEmpty() && thing->actions.contains(QStringLiteral("Press")));
+    };
+    reader_.awaitAny(QStringLiteral("a name and a press for everything"), [&](const Thing& whole) {
+        return whole.role == role::application && std::ranges::all_of(whole.all(), isFine);
+    });
+}
+
+}  // namespace brindlet::desktop

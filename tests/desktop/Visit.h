@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+#include "desktop/Child.h"
+#include "desktop/Desktop.h"
+#include "desktop/ScreenReader.h"
+
+namespace brindlet::desktop {
+
+/// A screen reader's visit to the demo, on a desktop of its own. What the program has said is
+/// printed when the test fails.
+class Visit {
+  public:
+    explicit Visit(int messages = 400);
+    ~Visit();
+
+    const ScreenReader& reader() const { return reader_; }
+
+    /// From the welcome to the mailboxes.
+    void start() const;
+    /// On the screen of the mailboxes.
+    void chooseTheWholeInbox() const;
+    /// From the mailboxes to the results of the whole inbox with the first category open; gives
+    /// the button that opened it.
+    Thing openAds() const;
+    /// Everything that can be worked on this screen has a name and can be pressed.
+    void expectAllCanBePressed() const;
+
+  private:
+    int messages_;
+    Desktop desktop_;
+    Child program_;
+    ScreenReader reader_;
+};
+
+}  // namespace brindlet::desktop

@@ -143,16 +143,6 @@ VerdictList verdicts(int count) {
     return VerdictList(std::move(made));
 }
 
-VerdictList verdictsOfOneDomain(int count) {
-    std::vector<Verdict> made;
-    for (auto verdict : verdicts(count)) {
-        verdict.sender =
-            "Quill & Thread <hello" + std::to_string(made.size() % 40) + "@quill.example>";
-        made.push_back(std::move(verdict));
-    }
-    return VerdictList(std::move(made));
-}
-
 ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& folder, int moved) {
     ScanRecord record;
     record.started = state.services().clock.now() - daysAgo * 86400;

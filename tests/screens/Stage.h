@@ -53,8 +53,6 @@ MailFolder folder(std::int64_t id, const std::string& name, std::int64_t count);
 MailAccount account(const std::string& address, std::vector<MailFolder> folders);
 /// So many verdicts, spread over the categories, with some protected and some without an id.
 VerdictList verdicts(int count);
-/// The same from forty addresses of one domain.
-VerdictList verdictsOfOneDomain(int count);
 /// A scan so many days before the test's present, with so many messages moved.
 ScanRecord scanRecord(const AppState& state, double daysAgo, const std::string& folder,
                       int moved = 0);

@@ -55,6 +55,11 @@ void RuleCoverage::setVerdicts(const VerdictList& verdicts,
     messages_.reserve(positions.size());
     senders_.clear();
     wordNumbers_.clear();
+    rules_.clear();
+    counts_.clear();
+    targets_.clear();
+    targetNumbers_.clear();
+    longestSender_ = 0;
     std::unordered_map<std::string_view, std::uint32_t> numbers;
     for (const auto position : positions) {
         const auto [number, isNew] = numbers.try_emplace(
@@ -65,42 +70,41 @@ void RuleCoverage::setVerdicts(const VerdictList& verdicts,
 }
 
 void RuleCoverage::setRules(const std::vector<Rule>& rules) {
-    patterns_.clear();
-    patterns_.reserve(rules.size());
-    targets_.clear();
-    targetNumbers_.clear();
-    longestSender_ = 0;
+    rules_.clear();
+    rules_.reserve(rules.size());
+    const auto knownTargets = targets_.size();
+    std::vector<Counts::iterator> unknown;
     for (const Rule& rule : rules) {
-        const auto [target, isNew] =
-            targetNumbers_.try_emplace(rule.sender, static_cast<std::uint32_t>(targets_.size()));
-        if (isNew) targets_.emplace_back();
-        longestSender_ = std::max(longestSender_, rule.sender.size());
-        Pattern pattern;
-        pattern.target = target->second;
-        pattern.anyCategory = !rule.category;
-        if (rule.category) pattern.category = fromRaw<Category>(*rule.category);
-        for (const auto& word : rule.templateWords) pattern.words.push_back(wordNumber(word));
-        if (!pattern.words.empty())
-            targets_[pattern.target].withTemplate.push_back(
-                static_cast<std::uint32_t>(patterns_.size()));
-        patterns_.push_back(std::move(pattern));
+        const auto [count, isNew] = counts_.try_emplace(patternOf(rule), 0);
+        if (isNew) unknown.push_back(count);
+        rules_.push_back(count);
     }
-    fileMessages();
+    if (targets_.size() > knownTargets) fileMessages(knownTargets);
 
-    counts_.assign(rules.size(), 0);
-    for (std::size_t i = 0; i < patterns_.size(); ++i) {
-        const auto& pattern = patterns_[i];
-        if (!pattern.words.empty()) continue;
-        const auto& target = targets_[pattern.target];
-        if (pattern.anyCategory)
-            counts_[i] = static_cast<std::int64_t>(target.messages.size());
-        else if (pattern.category)
-            counts_[i] = target.tally[static_cast<std::size_t>(*pattern.category)];
+    std::map<std::uint32_t, std::vector<Counts::iterator>> withTemplate;
+    for (const auto& count : unknown) {
+        if (count->first.words.empty())
+            count->second = countWithoutTemplate(count->first);
+        else
+            withTemplate[count->first.target].push_back(count);
     }
-    for (const auto& target : targets_) countTemplates(target);
+    for (const auto& [target, patterns] : withTemplate) countTemplates(patterns);
 }
 
-void RuleCoverage::fileMessages() {
+RuleCoverage::Pattern RuleCoverage::patternOf(const Rule& rule) {
+    const auto [target, isNew] =
+        targetNumbers_.try_emplace(rule.sender, static_cast<std::uint32_t>(targets_.size()));
+    if (isNew) targets_.emplace_back();
+    longestSender_ = std::max(longestSender_, rule.sender.size());
+    Pattern pattern;
+    pattern.target = target->second;
+    pattern.anyCategory = !rule.category;
+    if (rule.category) pattern.category = fromRaw<Category>(*rule.category);
+    for (const auto& word : rule.templateWords) pattern.words.push_back(wordNumber(word));
+    return pattern;
+}
+
+void RuleCoverage::fileMessages(std::size_t firstNew) {
     std::vector<std::vector<std::uint32_t>> targetsOf(senders_.size());
     for (std::size_t i = 0; i < senders_.size(); ++i)
         senders_[i].eachCovering([&](std::string_view sender) {
@@ -108,7 +112,8 @@ void RuleCoverage::fileMessages() {
             // hashed.
             if (sender.size() > longestSender_) return;
             const auto target = targetNumbers_.find(sender);
-            if (target != targetNumbers_.end()) targetsOf[i].push_back(target->second);
+            if (target != targetNumbers_.end() && target->second >= firstNew)
+                targetsOf[i].push_back(target->second);
         });
     for (std::size_t i = 0; i < messages_.size(); ++i) {
         const auto& message = messages_[i];
@@ -120,26 +125,32 @@ void RuleCoverage::fileMessages() {
     }
 }
 
-void RuleCoverage::countTemplates(const Target& target) {
-    if (target.withTemplate.empty() || target.messages.empty()) return;
+std::int64_t RuleCoverage::countWithoutTemplate(const Pattern& pattern) const {
+    const auto& target = targets_[pattern.target];
+    if (pattern.anyCategory) return static_cast<std::int64_t>(target.messages.size());
+    return pattern.category ? target.tally[static_cast<std::size_t>(*pattern.category)] : 0;
+}
+
+void RuleCoverage::countTemplates(const std::vector<Counts::iterator>& patterns) {
     RunFinder runs;
-    for (const auto number : target.withTemplate) runs.add(patterns_[number].words, number);
+    for (std::size_t i = 0; i < patterns.size(); ++i)
+        runs.add(patterns[i]->first.words, static_cast<std::uint32_t>(i));
     // A phrase may stand twice in a subject, which is still one message.
     constexpr auto never = std::numeric_limits<std::uint32_t>::max();
-    std::vector<std::uint32_t> countedFor(patterns_.size(), never);
-    for (const auto place : target.messages) {
+    std::vector<std::uint32_t> countedFor(patterns.size(), never);
+    for (const auto place : targets_[patterns.front()->first.target].messages) {
         auto& message = messages_[place];
         const auto category = categoryOf(message);
         runs.find(wordsOf(message), [&](std::uint32_t number) {
-            const auto& pattern = patterns_[number];
+            auto& [pattern, count] = *patterns[number];
             if (!pattern.anyCategory && pattern.category != category) return;
-            if (std::exchange(countedFor[number], place) != place) ++counts_[number];
+            if (std::exchange(countedFor[number], place) != place) ++count;
         });
     }
 }
 
 std::vector<std::uint32_t> RuleCoverage::covered(std::size_t rule) {
-    const auto& pattern = patterns_[rule];
+    const auto& pattern = rules_[rule]->first;
     std::vector<std::uint32_t> found;
     for (const auto place : targets_[pattern.target].messages) {
         auto& message = messages_[place];

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,15 +23,20 @@ namespace brindlet {
 ///
 /// Meant for many rules and many messages at once. Senders are told apart once, and each message is
 /// filed under the senders of the rules that cover it; categories are counted for all rules of a
-/// sender together, and so are templates, in one walk over words that are cut only once.
+/// sender together, and so are templates, in one walk over words that are cut only once. What was
+/// counted stays known until the verdicts change, so another rule costs little more than itself.
 class RuleCoverage {
   public:
+    RuleCoverage() = default;
+    RuleCoverage(RuleCoverage&&) = default;
+    RuleCoverage& operator=(RuleCoverage&&) = default;
+
     /// Looks only at these positions of `verdicts`, which ascend. The rules must be set anew.
     void setVerdicts(const VerdictList& verdicts, const std::vector<std::uint32_t>& positions);
     /// Rules are spoken of by their place in this list.
     void setRules(const std::vector<Rule>& rules);
 
-    std::int64_t count(std::size_t rule) const { return counts_[rule]; }
+    std::int64_t count(std::size_t rule) const { return rules_[rule]->second; }
     /// Ascending positions.
     std::vector<std::uint32_t> covered(std::size_t rule);
 
@@ -57,18 +63,25 @@ class RuleCoverage {
         /// Places in `messages_`, ascending.
         std::vector<std::uint32_t> messages;
         std::array<std::int64_t, categories> tally{};
-        std::vector<std::uint32_t> withTemplate;
     };
+    /// What tells rules apart as far as covering goes.
     struct Pattern {
         std::uint32_t target = 0;
         bool anyCategory = false;
         /// None with `anyCategory`, and for a category that no message has.
         std::optional<Category> category;
         Words words;
-    };
 
-    void fileMessages();
-    void countTemplates(const Target& target);
+        friend auto operator<=>(const Pattern&, const Pattern&) = default;
+    };
+    using Counts = std::map<Pattern, std::int64_t>;
+
+    Pattern patternOf(const Rule& rule);
+    /// Files the messages under the targets from `firstNew` on.
+    void fileMessages(std::size_t firstNew);
+    std::int64_t countWithoutTemplate(const Pattern& pattern) const;
+    /// All of one target, none of them empty.
+    void countTemplates(const std::vector<Counts::iterator>& patterns);
     Category categoryOf(const Message& message) const;
     const Words& wordsOf(Message& message);
     std::uint32_t wordNumber(std::string_view word);
@@ -78,11 +91,12 @@ class RuleCoverage {
     std::vector<SenderAddress> senders_;
     ByText<std::uint32_t> wordNumbers_;
 
-    std::vector<Pattern> patterns_;
     std::vector<Target> targets_;
     ByText<std::uint32_t> targetNumbers_;
     std::size_t longestSender_ = 0;
-    std::vector<std::int64_t> counts_;
+    Counts counts_;
+    /// In `counts_`, by the rules' places.
+    std::vector<Counts::const_iterator> rules_;
 };
 
 }  // namespace brindlet

@@ -123,42 +123,57 @@ bool decides(const Rule& rule, const Verdict& verdict) {
         .has_value();
 }
 
-TEST(RuleCoverage, CoversExactlyTheMailThatARuleWouldDecide) {
-    std::mt19937 random(7);
-    const auto pick = [&](const auto& choices) { return choices[random() % std::size(choices)]; };
+/// Mail and rules of few senders and words, so that they meet often.
+struct RandomMail {
+    Verdict message() {
+        std::string subject;
+        for (auto left = random() % 6; left > 0; --left) subject += pick(words) + " ";
+        return verdict(pick(senders), subject,
+                       random() % 2 ? Category::billOrPayment : Category::newsletterOrDigest);
+    }
+    Rule anyRule() {
+        auto made = rule(pick(keys));
+        if (random() % 2) made.category = pick(categories);
+        for (auto left = random() % 4; left > 0; --left) made.templateWords.push_back(pick(words));
+        made.legacy = random() % 4 == 0;
+        return made;
+    }
+    std::string pick(const std::vector<std::string>& choices) {
+        return choices[random() % choices.size()];
+    }
+
+    std::mt19937 random{7};
     const std::vector<std::string> senders = {"a@x.com",     "Ann <a@x.com>", "b@m.x.com",
                                               "b@yx.com",    "x.com",         "",
                                               "<a@x.com> c", "d@.com",        "e@x.com."};
     const std::vector<std::string> keys = {"a@x.com", "x.com", "m.x.com", "com", "b@m.x.com", ""};
     const std::vector<std::string> words = {"a", "b", "c"};
     const std::vector<std::string> categories = {"newsletterOrDigest", "billOrPayment", "nonsense"};
-    for (int round = 0; round < 200; ++round) {
-        std::vector<Verdict> mail;
-        for (int i = 0; i < 20; ++i) {
-            std::string subject;
-            for (auto left = random() % 6; left > 0; --left) subject += pick(words) + " ";
-            mail.push_back(
-                verdict(pick(senders), subject,
-                        random() % 2 ? Category::billOrPayment : Category::newsletterOrDigest));
-        }
-        std::vector<Rule> rules;
-        for (int i = 0; i < 20; ++i) {
-            auto made = rule(pick(keys));
-            if (random() % 2) made.category = pick(categories);
-            for (auto left = random() % 4; left > 0; --left)
-                made.templateWords.push_back(pick(words));
-            made.legacy = random() % 4 == 0;
-            rules.push_back(std::move(made));
-        }
+};
+
+TEST(RuleCoverage, CoversExactlyTheMailThatARuleWouldDecide) {
+    RandomMail some;
+    for (int round = 0; round < 100; ++round) {
+        std::vector<Verdict> mail(20);
+        for (auto& message : mail) message = some.message();
         const VerdictList verdicts(mail);
-        auto coverage = coverageOf(verdicts, rules);
-        for (std::size_t i = 0; i < rules.size(); ++i) {
-            Positions expected;
-            for (std::uint32_t m = 0; m < mail.size(); ++m)
-                if (decides(rules[i], mail[m])) expected.push_back(m);
-            ASSERT_EQ(coverage.covered(i), expected) << "round " << round << ", " << rules[i].id();
-            ASSERT_EQ(coverage.count(i), static_cast<std::int64_t>(expected.size()))
-                << "round " << round << ", " << rules[i].id();
+        RuleCoverage coverage;
+        coverage.setVerdicts(verdicts, allOf(verdicts));
+        std::vector<Rule> rules;
+        // Rules come and go, as they do while a person ticks.
+        for (int change = 0; change < 4; ++change) {
+            std::erase_if(rules, [&](const Rule&) { return some.random() % 3 == 0; });
+            for (int i = 0; i < 10; ++i) rules.push_back(some.anyRule());
+            coverage.setRules(rules);
+            for (std::size_t i = 0; i < rules.size(); ++i) {
+                SCOPED_TRACE(testing::Message()
+                             << "round " << round << "." << change << ", " << rules[i].id());
+                Positions expected;
+                for (std::uint32_t m = 0; m < mail.size(); ++m)
+                    if (decides(rules[i], mail[m])) expected.push_back(m);
+                ASSERT_EQ(coverage.covered(i), expected);
+                ASSERT_EQ(coverage.count(i), static_cast<std::int64_t>(expected.size()));
+            }
         }
     }
 }

@@ -10,7 +10,8 @@ RowList {
 
     model: rules
     name: rules.listName
-    activeFocusOnTab: count > 0
+    // Not taken away while the keyboard is here.
+    activeFocusOnTab: count > 0 || activeFocus
     // Where the arrow keys begin.
     currentIndex: 0
 

@@ -35,6 +35,11 @@ Item {
     readonly property bool isHovered: hover.hovered
     readonly property bool hasKeyboard: Theme.keyboardLeads && activeFocus
 
+    // More than any line holds: to lay out all of an endless text would stop the scrolling.
+    readonly property int mostLetters: 400
+    readonly property string shownTitle: title.slice(0, mostLetters)
+    readonly property string shownDetail: detail.slice(0, mostLetters)
+
     width: list ? list.width : 0
     implicitHeight: isRule ? 58 : isMessage ? Theme.rowHeight : isHeading ? 46 : 36
 
@@ -84,8 +89,8 @@ Item {
             visible: root.isRule
             rules: root.rules
             index: root.index
-            sender: root.title
-            line: root.detail
+            sender: root.shownTitle
+            line: root.shownDetail
             verdict: root.pill
             verdictTone: root.pillTone
             flipHelp: root.pillHelp
@@ -102,8 +107,8 @@ Item {
         RuleMessage {
             width: parent.width
             visible: root.isMessage
-            subject: root.title
-            sender: root.detail
+            subject: root.shownTitle
+            sender: root.shownDetail
             tickSymbol: root.tickSymbol
             tickHelp: root.tickHelp
             hovered: root.isHovered

@@ -22,10 +22,10 @@ Item {
     required property bool ofSession
     required property bool marked
     required property bool isCurrent
-    // By Tab, backwards out of the first button.
-    signal tabbedBack
     readonly property RuleControlsText controls: rules.controls
     readonly property int focusOfButtons: isCurrent ? Qt.TabFocus : Qt.NoFocus
+    // By Tab, backwards out of the first button.
+    signal tabbedBack
 
     height: parent.height
 

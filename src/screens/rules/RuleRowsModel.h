@@ -138,6 +138,7 @@ class RuleRowsModel : public QAbstractListModel {
     RuleCoverage coverage_;
     std::vector<Section> sections_;
     std::unordered_map<Key, std::pair<std::string, std::string>> headings_;
+    // Also of rules that went: a view still asks about a row while it is taken away.
     std::unordered_map<Key, Item> items_;
     std::unordered_map<std::string, Key> keys_;
     std::vector<Row> rows_;

@@ -28,7 +28,7 @@ void AppState::openRecord(const ScanRecord& chosen) {
     scanFiles_.drain();
     auto saved = history.readScan(chosen.started);
     if (!saved) return;
-    const ScanRecord record = chosen;  // it may be an entry of a list that is about to change
+    const ScanRecord record = chosen;  // it may be `currentRecord` itself
 
     std::vector<Verdict> list;
     list.reserve(saved->size());

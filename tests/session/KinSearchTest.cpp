@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <functional>
+#include <thread>
 
 #include "platform/MainQueue.h"
 #include "session/ReviewFixture.h"

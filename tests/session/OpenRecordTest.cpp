@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <iterator>
-
 #include "base/Files.h"
 #include "session/ReviewFixture.h"
 

@@ -132,10 +132,10 @@ TEST_F(MoveTest, AnErrorWithNothingMovedLeavesNoNote) {
 
 TEST_F(MoveTest, AStopEndsInWhatMovedWithoutAnError) {
     showAds(2);
+    script(landing({"1@example"}));
     world.processes.block();
     state->startMove();
     world.processes.waitForLaunches(1);
-    files::write(lastArguments()[5], "1@example\n");
     state->mover().stopMove();
     finishMove();
     EXPECT_EQ(*state->moveError, std::nullopt);

@@ -30,17 +30,30 @@ HeroScreen {
             }
         }
     }
+    ResumeBanner {
+        id: banner
+
+        objectName: "resumeBanner"
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: Theme.space5
+        Layout.preferredWidth: 760
+        model: root.model.resume
+        onForgotten: start.forceActiveFocus()
+    }
     OrbButton {
+        id: start
+
         objectName: "start"
         Layout.alignment: Qt.AlignHCenter
-        Layout.topMargin: Theme.space7
+        // Both fit into the smallest window.
+        Layout.topMargin: banner.visible ? Theme.space5 : Theme.space7
         text: root.model.startLabel
         focus: true
         onClicked: root.model.start()
     }
     Row {
         Layout.alignment: Qt.AlignHCenter
-        Layout.topMargin: Theme.space6
+        Layout.topMargin: banner.visible ? Theme.space5 : Theme.space6
         spacing: Theme.space2
 
         Repeater {

@@ -51,6 +51,26 @@ TEST_F(ResumeBanner, StandsAboveTheRoundButton) {
     EXPECT_LT(foot, stage.find("start")->mapToScene(QPointF()).y());
 }
 
+TEST_F(ResumeBanner, LeavesRoomForAllInTheSmallestWindowWhateverItSays) {
+    Stage stage([](AppState& state) {
+        scenes::interrupted(state);
+        state.interrupted.pending.mutate([](auto& move) {
+            move->folderLabel = "Projects/Harbour House with quite a long name of its own";
+        });
+        state.history.add(scanRecord(state, 1, "INBOX", 3));
+    });
+    stage.window()->resize(stage.window()->minimumSize());
+    withMailClosed(stage);
+    EXPECT_TRUE(stage.click("resume"));
+    stage.state->moveError.set(
+        "macOS has dropped Brindlet's Full Disk Access - flip it back on in Privacy & Security, "
+        "then try again.");
+    stage.settle();
+    const auto* column = stage.find("start")->parentItem()->parentItem();
+    EXPECT_GE(column->mapToScene(QPointF()).y(), 0);
+    EXPECT_LE(column->mapToScene(QPointF(0, column->height())).y(), stage.window()->height());
+}
+
 TEST_F(ResumeBanner, ContinueGoesOnWithTheMove) {
     Stage stage(scenes::interrupted);
     EXPECT_TRUE(stage.click("resume"));

@@ -20,7 +20,7 @@ void expectNames(QAccessibleInterface* thing, const std::string& path, int& focu
 
 TEST(ScreenReader, EveryControlOfEveryScreenHasANameAndARole) {
     for (const auto scene :
-         {+[](AppState&) {}, +scenes::permission, +scenes::mailboxes, +scenes::chosenMailbox,
+         {+[](AppState&) {}, +scenes::interrupted, +scenes::permission, +scenes::mailboxes, +scenes::chosenMailbox,
           +scenes::noAccounts, +scenes::scanning, +scenes::pausedScan, +scenes::openResults,
           +scenes::correctedResults, +scenes::stoppedScan, +scenes::nothingFound, +scenes::history,
           +scenes::longHistory, +scenes::taughtHistory, +scenes::emptyHistory, +scenes::noRules,

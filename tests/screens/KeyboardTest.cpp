@@ -10,6 +10,7 @@ namespace {
 
 const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControls{
     {"welcome", [](AppState&) {}},
+    {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
     {"chosen mailbox", scenes::chosenMailbox},
     {"no accounts", scenes::noAccounts},

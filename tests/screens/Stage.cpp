@@ -179,6 +179,20 @@ void selectInbox(AppState& state) {
 
 }  // namespace
 
+void interrupted(AppState& state) {
+    state.accounts.set({account("ada@example.org", {folder(1, "INBOX", 1834)})});
+    PendingMove move;
+    move.account = "ada@example.org";
+    move.source = "INBOX";
+    move.destination = "Brindlet Junk";
+    move.folderLabel = "INBOX";
+    for (int i = 412; i < 1834; ++i)
+        move.remaining.push_back({i + 1, std::to_string(i) + "@letters.example"});
+    move.done = 412;
+    move.started = state.services().clock.now();
+    state.interrupted.begin(std::move(move));
+}
+
 void permission(AppState& state) {
     state.navigate(AppState::Screen::permission);
 }

@@ -61,6 +61,8 @@ VerdictList verdictsOfOneDomain(int count);
 
 /// States of a session that have a screen of their own each. They leave the session on that screen.
 namespace scenes {
+/// The first screen with a move of 1,834 that stopped after 412, in an account that is known.
+void interrupted(AppState& state);
 void permission(AppState& state);
 /// Two accounts with folders of all kinds; nothing selected.
 void mailboxes(AppState& state);

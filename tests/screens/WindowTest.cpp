@@ -13,6 +13,7 @@ namespace {
 using Scene = std::pair<const char*, void (*)(AppState&)>;
 const std::vector<Scene> allScenes{
     {"welcome", [](AppState&) {}},
+    {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
     {"mailboxes", scenes::mailboxes},
     {"chosen mailbox", scenes::chosenMailbox},

@@ -9,6 +9,7 @@
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
 #include "words/ResultsWords.h"
+#include "words/ResumeWords.h"
 #include "words/RuleWords.h"
 #include "words/RulesWords.h"
 #include "words/ScanningWords.h"
@@ -32,6 +33,14 @@ TEST(StaticWords, Welcome) {
                                        {"arrow.uturn.backward", "Nothing deleted"}};
     EXPECT_EQ(words.badges, badges);
     EXPECT_EQ(words.start, "Start");
+}
+
+TEST(StaticWords, Resume) {
+    const ResumeWords words;
+    EXPECT_EQ(words.symbol, "arrow.clockwise.circle.fill");
+    EXPECT_EQ(words.title, "A move didn't finish");
+    EXPECT_EQ(words.resume, "Continue");
+    EXPECT_EQ(words.forget, "Forget the rest of this move");
 }
 
 TEST(StaticWords, Permission) {

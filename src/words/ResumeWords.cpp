@@ -4,6 +4,7 @@
 
 #include "platform/Locale.h"
 #include "session/AppState.h"
+#include "stores/StoreFile.h"
 
 namespace brindlet {
 
@@ -14,7 +15,8 @@ std::optional<ResumeWords> resumeWords(const AppState& state) {
     const auto left = std::ssize(move->remaining);
     ResumeWords words;
     words.line = move->folderLabel + " reached " + locale.grouped(move->done) + " of " +
-                 locale.grouped(move->done + left) + " - " + locale.grouped(left) + " still to go.";
+                 locale.grouped(saturatingSum(move->done, left)) + " - " + locale.grouped(left) +
+                 " still to go.";
     return words;
 }
 

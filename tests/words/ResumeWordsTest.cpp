@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "words/Session.h"
 
 namespace brindlet {
@@ -33,6 +35,8 @@ TEST(ResumeWords, TellHowFarTheMoveGot) {
         {move("INBOX", 0, 1), "INBOX reached 0 of 1 - 1 still to go."},
         {move("דואר נכנס", 1000, 24), "דואר נכנס reached 1,000 of 1,024 - 24 still to go."},
         {move("", 1, 1), " reached 1 of 2 - 1 still to go."},
+        {move("X", std::numeric_limits<std::int64_t>::max(), 1),
+         "X reached 9,223,372,036,854,775,807 of 9,223,372,036,854,775,807 - 1 still to go."},
     };
     for (const auto& row : rows) {
         Session session;

@@ -224,6 +224,9 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::int64_t protectedCount() const { return verdicts->vetoedCount(); }
     /// How many remaining messages of the category are ticked.
     std::int64_t tickedCount(Category category) const;
+    /// How many messages a move would take now: all ticked ones with a Message-ID, even those that
+    /// were moved before and have been ticked again since.
+    std::int64_t movableCount() const;
     /// Nothing to show and nothing to do.
     bool resultsEmpty() const;
 

@@ -5,6 +5,7 @@
 #include "words/FolderWords.h"
 #include "words/HistoryWords.h"
 #include "words/ListWords.h"
+#include "words/MoveWords.h"
 #include "words/OfferWords.h"
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
@@ -124,6 +125,17 @@ TEST(StaticWords, MessageLists) {
     EXPECT_EQ(words.bySender, "By sender");
     EXPECT_EQ(words.bySenderHelp, "One row per sender instead of one per message");
     EXPECT_EQ(words.stayPut, "These stay put - none of them will be moved");
+}
+
+TEST(StaticWords, Move) {
+    const MoveWords words;
+    EXPECT_EQ(words.symbol, "tray.and.arrow.down");
+    EXPECT_EQ(words.stop, "Stop");
+    EXPECT_EQ(words.stopHelp,
+              "Stop here - everything already filed stays filed, and the rest can continue later");
+    EXPECT_EQ(words.menuSymbol, "chevron.down");
+    EXPECT_EQ(words.menuHelp, "Which folder junk is filed into");
+    EXPECT_EQ(words.chosenSymbol, "checkmark");
 }
 
 TEST(StaticWords, Undo) {

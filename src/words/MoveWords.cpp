@@ -27,6 +27,7 @@ std::vector<DestinationWords> destinationWords(const AppState& state) {
         words.label = exists ? name : name + " (new folder)";
         if (!exists) words.help = "This folder doesn't exist yet - Brindlet will create it";
         words.chosen = name == chosen;
+        if (words.chosen) words.symbol = "checkmark";
         words.name = std::move(name);
         all.push_back(std::move(words));
     }

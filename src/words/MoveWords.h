@@ -16,6 +16,8 @@ struct DestinationWords {
     /// Empty unless the folder is still to be made.
     std::string help;
     bool chosen = false;
+    /// Marks the chosen one; empty at all others.
+    std::string symbol;
 
     friend bool operator==(const DestinationWords&, const DestinationWords&) = default;
 };
@@ -52,7 +54,6 @@ struct MoveWords {
         "Stop here - everything already filed stays filed, and the rest can continue later";
     std::string menuSymbol = "chevron.down";
     std::string menuHelp = "Which folder junk is filed into";
-    std::string chosenSymbol = "checkmark";
     /// Empty where there is no choice: no account is known yet, or the way leads out of a junk
     /// folder.
     std::vector<DestinationWords> destinations;

@@ -93,10 +93,10 @@ TEST(MoveWords, TheMenuListsTheJunkFoldersFullestFirst) {
                           {3, "Bulk", 44, Role::junk},
                           {4, "Receipts", 99, Role::custom}});
     const std::vector<DestinationWords> all{
-        {"Bulk", "Bulk", "", true},
-        {"Spam", "Spam", "", false},
+        {"Bulk", "Bulk", "", true, "checkmark"},
+        {"Spam", "Spam", "", false, ""},
         {"Brindlet Junk", "Brindlet Junk (new folder)",
-         "This folder doesn't exist yet - Brindlet will create it", false}};
+         "This folder doesn't exist yet - Brindlet will create it", false, ""}};
     EXPECT_EQ(moveWords(session).destinations, all);
 }
 
@@ -106,7 +106,8 @@ TEST(MoveWords, AFolderThatExistsIsNotNew) {
         Session session;
         session.select(Session::folder(Role::inbox));
         giveFolders(session, {{2, "Brindlet Junk", 3, role}});
-        const std::vector<DestinationWords> one{{"Brindlet Junk", "Brindlet Junk", "", true}};
+        const std::vector<DestinationWords> one{
+            {"Brindlet Junk", "Brindlet Junk", "", true, "checkmark"}};
         EXPECT_EQ(moveWords(session).destinations, one);
     }
 }

@@ -9,10 +9,16 @@
 namespace brindlet::screens {
 
 ResultsModel::ResultsModel(AppState& state)
-    : state_(state), categories_(*this), messages_(state), undo_(state), offer_(state) {}
+    : state_(state),
+      categories_(*this),
+      messages_(state),
+      move_(state),
+      undo_(state),
+      offer_(state) {}
 
 void ResultsModel::refresh() {
     refreshLists();
+    move_.refresh();
     undo_.refresh();
     offer_.refresh();
     auto words = resultsWords(state_);

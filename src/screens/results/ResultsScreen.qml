@@ -62,7 +62,11 @@ FocusScope {
 
         interval: 0
         onTriggered: {
-            if (root.focusLost && root.pageFocus !== null && root.pageFocus.visible)
+            if (!root.focusLost || root.pageFocus === null)
+                return;
+            if (moveBar.holds(root.pageFocus))
+                moveBar.takeKeyboard();
+            else if (root.pageFocus.visible)
                 root.pageFocus.forceActiveFocus();
         }
     }
@@ -140,6 +144,12 @@ FocusScope {
                 wrapMode: Text.WordWrap
                 lineHeight: 1.25
             }
+        }
+        MoveBar {
+            id: moveBar
+
+            Layout.fillWidth: true
+            model: root.model.move
         }
         ResultsBanners {
             Layout.fillWidth: true

@@ -5,6 +5,7 @@
 #include "words/FolderWords.h"
 #include "words/HistoryWords.h"
 #include "words/ListWords.h"
+#include "words/MovedWords.h"
 #include "words/OfferWords.h"
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
@@ -124,6 +125,16 @@ TEST(StaticWords, MessageLists) {
     EXPECT_EQ(words.bySender, "By sender");
     EXPECT_EQ(words.bySenderHelp, "One row per sender instead of one per message");
     EXPECT_EQ(words.stayPut, "These stay put - none of them will be moved");
+}
+
+TEST(StaticWords, MovedMessages) {
+    const MovedSectionWords words;
+    EXPECT_EQ(words.symbol, "checkmark.circle.fill");
+    EXPECT_EQ(words.badge, (Mark{"DONE", Tone::green, ""}));
+    const MovedListWords list;
+    EXPECT_EQ(list.hint, "Tick anything that shouldn't have gone.");
+    EXPECT_EQ(list.filterSymbol, "magnifyingglass");
+    EXPECT_EQ(list.filterPrompt, "Filter these");
 }
 
 TEST(StaticWords, Undo) {

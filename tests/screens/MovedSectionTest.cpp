@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QTest>
 #include <utility>
 
 #include "doubles/BulkScript.h"
@@ -97,7 +98,8 @@ TEST(MovedSection, AShortListHasNoScrollLine) {
     EXPECT_TRUE(stage.click("movedFilter"));
     stage.type(QStringLiteral("quill21."));
     EXPECT_EQ(rows(stage), 5);
-    EXPECT_EQ(stage.find("movedMessages")->height(), 5 * 44);
+    const auto* list = stage.find("movedMessages");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list->height() == 5 * 44; })) << list->height();
     EXPECT_EQ(stage.find("movedScrollLine"), nullptr);
     EXPECT_TRUE(stage.click("movedFilterClear"));
     EXPECT_EQ(rows(stage), 19);

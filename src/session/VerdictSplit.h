@@ -20,6 +20,7 @@ struct VerdictSplit {
 
     std::vector<std::uint32_t> remaining;
     std::vector<std::uint32_t> moved;
+    IdSet movedIds;
     /// Among the remaining.
     std::int64_t junk = 0;
     std::int64_t kept = 0;

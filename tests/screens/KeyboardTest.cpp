@@ -16,6 +16,7 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"no accounts", scenes::noAccounts},
     {"paused scan", scenes::pausedScan},
     {"open results", scenes::openResults},
+    {"moved results", scenes::movedResults},
     {"stopped scan", scenes::stoppedScan},
     {"history", scenes::history},
     {"taught history", scenes::taughtHistory},

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QTest>
-
 #include "screens/Reader.h"
 
 namespace brindlet::testing {
@@ -18,19 +16,11 @@ QString trouble(const Stage& stage) {
     return text(stage, "resumeBannerTrouble");
 }
 
-/// The interrupted move, with the mail program closed.
-void withMailClosed(Stage& stage) {
+void closeMail(Stage& stage) {
     stage.world.runningApps.running.set({});
 }
 
-class ResumeBanner : public ::testing::Test {
-  protected:
-    ~ResumeBanner() override {
-        doubles::World::lasting().runningApps.running.set({"com.apple.mail"});
-    }
-};
-
-TEST_F(ResumeBanner, StandsOnlyWhileAMoveIsLeftToFinish) {
+TEST(ResumeBanner, StandsOnlyWhileAMoveIsLeftToFinish) {
     Stage stage;
     EXPECT_EQ(stage.find("resumeBanner"), nullptr);
     scenes::interrupted(*stage.state);
@@ -44,14 +34,14 @@ TEST_F(ResumeBanner, StandsOnlyWhileAMoveIsLeftToFinish) {
     EXPECT_EQ(stage.find("resumeBanner"), nullptr);
 }
 
-TEST_F(ResumeBanner, StandsAboveTheRoundButton) {
+TEST(ResumeBanner, StandsAboveTheRoundButton) {
     Stage stage(scenes::interrupted);
     const auto* banner = stage.await("resumeBanner");
     const auto foot = banner->mapToScene(QPointF(0, banner->height())).y();
     EXPECT_LT(foot, stage.find("start")->mapToScene(QPointF()).y());
 }
 
-TEST_F(ResumeBanner, LeavesRoomForAllInTheSmallestWindowWhateverItSays) {
+TEST(ResumeBanner, LeavesRoomForAllInTheSmallestWindowWhateverItSays) {
     Stage stage([](AppState& state) {
         scenes::interrupted(state);
         state.interrupted.pending.mutate([](auto& move) {
@@ -60,7 +50,7 @@ TEST_F(ResumeBanner, LeavesRoomForAllInTheSmallestWindowWhateverItSays) {
         state.history.add(scanRecord(state, 1, "INBOX", 3));
     });
     stage.window()->resize(stage.window()->minimumSize());
-    withMailClosed(stage);
+    closeMail(stage);
     EXPECT_TRUE(stage.click("resume"));
     stage.state->moveError.set(
         "macOS has dropped Brindlet's Full Disk Access - flip it back on in Privacy & Security, "
@@ -71,7 +61,7 @@ TEST_F(ResumeBanner, LeavesRoomForAllInTheSmallestWindowWhateverItSays) {
     EXPECT_LE(column->mapToScene(QPointF(0, column->height())).y(), stage.window()->height());
 }
 
-TEST_F(ResumeBanner, ContinueGoesOnWithTheMove) {
+TEST(ResumeBanner, ContinueGoesOnWithTheMove) {
     Stage stage(scenes::interrupted);
     EXPECT_TRUE(stage.click("resume"));
     EXPECT_TRUE(*stage.state->moving);
@@ -79,7 +69,7 @@ TEST_F(ResumeBanner, ContinueGoesOnWithTheMove) {
     EXPECT_EQ(*stage.state->screen, AppState::Screen::results);
 }
 
-TEST_F(ResumeBanner, ForgetLeavesTheRestWhereItIs) {
+TEST(ResumeBanner, ForgetLeavesTheRestWhereItIs) {
     Stage stage(scenes::interrupted);
     EXPECT_TRUE(stage.click("forget"));
     EXPECT_FALSE(stage.state->interrupted.pending->has_value());
@@ -88,9 +78,9 @@ TEST_F(ResumeBanner, ForgetLeavesTheRestWhereItIs) {
     EXPECT_EQ(stage.focused(), QStringLiteral("start")) << "the keyboard is not lost";
 }
 
-TEST_F(ResumeBanner, TellsWhyItCouldNotGoOn) {
+TEST(ResumeBanner, TellsWhyItCouldNotGoOn) {
     Stage stage(scenes::interrupted);
-    withMailClosed(stage);
+    closeMail(stage);
     EXPECT_EQ(trouble(stage), QString());
     EXPECT_TRUE(stage.click("resume"));
     EXPECT_EQ(*stage.state->screen, AppState::Screen::welcome);
@@ -98,13 +88,13 @@ TEST_F(ResumeBanner, TellsWhyItCouldNotGoOn) {
     EXPECT_TRUE(stage.find("resume")->isEnabled()) << "to try again";
 }
 
-TEST_F(ResumeBanner, SaysNothingOfTroubleThatIsNotItsOwn) {
+TEST(ResumeBanner, SaysNothingOfTroubleThatIsNotItsOwn) {
     Stage stage([](AppState& state) {
         scenes::interrupted(state);
         state.moveError.set("Matching this scan to its account - a few seconds.");
     });
     EXPECT_EQ(trouble(stage), QString());
-    withMailClosed(stage);
+    closeMail(stage);
     EXPECT_TRUE(stage.click("resume"));
     stage.state->navigate(AppState::Screen::history);
     ASSERT_NE(stage.await("historyScreen"), nullptr);
@@ -113,7 +103,7 @@ TEST_F(ResumeBanner, SaysNothingOfTroubleThatIsNotItsOwn) {
     EXPECT_EQ(trouble(stage), QString()) << "what was tried before is past";
 }
 
-TEST_F(ResumeBanner, WaitsForTheAccountsWithoutTakingASecondPress) {
+TEST(ResumeBanner, WaitsForTheAccountsWithoutTakingASecondPress) {
     Stage stage([](AppState& state) {
         scenes::interrupted(state);
         state.accounts.set({});
@@ -135,7 +125,7 @@ TEST_F(ResumeBanner, WaitsForTheAccountsWithoutTakingASecondPress) {
     EXPECT_EQ(stage.focused(), QStringLiteral("resume")) << "where the keyboard was";
 }
 
-TEST_F(ResumeBanner, CannotBeginAMoveThatRuns) {
+TEST(ResumeBanner, CannotBeginAMoveThatRuns) {
     Stage stage(scenes::interrupted);
     stage.state->moving.set(true);
     stage.settle();
@@ -145,7 +135,7 @@ TEST_F(ResumeBanner, CannotBeginAMoveThatRuns) {
     EXPECT_TRUE(stage.find("resume")->isEnabled());
 }
 
-TEST_F(ResumeBanner, IsReachedByTabBeforeTheRoundButton) {
+TEST(ResumeBanner, IsReachedByTabBeforeTheRoundButton) {
     Stage stage(scenes::interrupted);
     ASSERT_EQ(stage.focused(), QStringLiteral("start"));
     stage.press(Qt::Key_Backtab, Qt::ShiftModifier);
@@ -156,9 +146,9 @@ TEST_F(ResumeBanner, IsReachedByTabBeforeTheRoundButton) {
     EXPECT_TRUE(*stage.state->moving);
 }
 
-TEST_F(ResumeBanner, IsAnAlertToAScreenReaderAndItsButtonsCanBePressed) {
+TEST(ResumeBanner, IsAnAlertToAScreenReaderAndItsButtonsCanBePressed) {
     Stage stage(scenes::interrupted);
-    withMailClosed(stage);
+    closeMail(stage);
     const Reader reader(stage);
     auto* banner = reader.find("A move didn't finish", QAccessible::AlertMessage);
     ASSERT_NE(banner, nullptr);

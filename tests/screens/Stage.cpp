@@ -259,6 +259,23 @@ void correctedResults(AppState& state) {
     state.toggleMessage(2);
 }
 
+void movedResults(AppState& state) {
+    results(state);
+    std::vector<Verdict> list;
+    std::unordered_set<std::string> moved;
+    for (const auto& verdict : *state.verdicts) {
+        const bool newsletter = verdict.category == Category::newsletterOrDigest;
+        if (!newsletter && verdict.category != Category::advertisingOrPromotion) continue;
+        if (newsletter && verdict.messageID) moved.insert(*verdict.messageID);
+        list.push_back(verdict);
+    }
+    list[3].subject.clear();
+    state.verdicts.set(VerdictList(std::move(list)));
+    state.movedAlready.set(std::move(moved));
+    state.pastMove.set(AppState::PastMove{"INBOX", "Brindlet Junk"});
+    state.putBack.set({2});
+}
+
 void stoppedScan(AppState& state) {
     selectInbox(state);
     state.scanError.set("Brindlet could only read 499 of 1,000 messages on disk.");

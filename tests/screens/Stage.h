@@ -76,6 +76,8 @@ void results(AppState& state);
 void openResults(AppState& state);
 /// The same after one sweep and one correction: an undo and an offer stand.
 void correctedResults(AppState& state);
+/// Ads and newsletters, of which the newsletters were moved; of these one is to be put back.
+void movedResults(AppState& state);
 void stoppedScan(AppState& state);
 void nothingFound(AppState& state);
 /// Four scans, the first moved three messages and has its file; a bin of two.

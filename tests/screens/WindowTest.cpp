@@ -24,6 +24,7 @@ const std::vector<Scene> allScenes{
     {"open results", scenes::openResults},
     {"stopped scan", scenes::stoppedScan},
     {"corrected results", scenes::correctedResults},
+    {"moved results", scenes::movedResults},
     {"nothing found", scenes::nothingFound},
     {"history", scenes::history},
     {"long history", scenes::longHistory},

@@ -6,6 +6,7 @@
 #include "words/HistoryWords.h"
 #include "words/ListWords.h"
 #include "words/MoveWords.h"
+#include "words/MovedWords.h"
 #include "words/OfferWords.h"
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
@@ -135,6 +136,16 @@ TEST(StaticWords, Move) {
               "Stop here - everything already filed stays filed, and the rest can continue later");
     EXPECT_EQ(words.menuSymbol, "chevron.down");
     EXPECT_EQ(words.menuHelp, "Which folder junk is filed into");
+}
+
+TEST(StaticWords, MovedMessages) {
+    const MovedSectionWords words;
+    EXPECT_EQ(words.symbol, "checkmark.circle.fill");
+    EXPECT_EQ(words.badge, (Mark{"DONE", Tone::green, ""}));
+    const MovedListWords list;
+    EXPECT_EQ(list.hint, "Tick anything that shouldn't have gone.");
+    EXPECT_EQ(list.filterSymbol, "magnifyingglass");
+    EXPECT_EQ(list.filterPrompt, "Filter these");
 }
 
 TEST(StaticWords, Undo) {

@@ -13,12 +13,14 @@ ResultsModel::ResultsModel(AppState& state)
       categories_(*this),
       messages_(state),
       move_(state),
+      moved_(state),
       undo_(state),
       offer_(state) {}
 
 void ResultsModel::refresh() {
     refreshLists();
     move_.refresh();
+    moved_.refresh();
     undo_.refresh();
     offer_.refresh();
     auto words = resultsWords(state_);
@@ -52,6 +54,7 @@ void ResultsModel::showOpenCategory() {
 
 void ResultsModel::leave() {
     closeCategory();
+    moved_.leave();
     shown_.reset();
 }
 

@@ -13,9 +13,9 @@ class MainWindow;
 
 namespace brindlet::demo {
 
-/// Plays a first visit: from the welcome to the results, then a second scan, which must leave out
-/// what the first one decided. Says on standard output what it does, and puts a picture of each
-/// screen into a folder.
+/// Plays a first visit: from the welcome to the results, a correction that is taken back, then a
+/// second scan, which must leave out what the first one decided. Says on standard output what it
+/// does, and puts a picture of each screen into a folder.
 class Tour {
   public:
     Tour(AppState& state, MainWindow& main, DemoWorld& world, QString pictures);
@@ -28,6 +28,7 @@ class Tour {
     void pick();
     void scan();
     void results();
+    void correction();
     void storesStand();
     void secondScan();
 

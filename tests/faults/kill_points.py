@@ -74,7 +74,9 @@ class AtCall:
 
     @property
     def name(self):
-        return f"{self.stage.name}/{self.call}/{self.path or 'any'}/{self.number}"
+        # Scans lie under the moment of their beginning, which is another one each time.
+        path = re.sub(r"\d+", "N", self.path) or "any"
+        return f"{self.stage.name}/{self.call}/{path}/{self.number}"
 
 
 def trace(world, program, options, log):
@@ -140,45 +142,43 @@ def _points(stage, world, log):
     return Calls([told[position] for position in sorted(told)], made, len(told))
 
 
+# How many messages have moved in the world "interrupted".
+INTERRUPTED_AFTER = 10
+# Five requests find the account and the folders, three are made for each message, and one more looks
+# whether the first has left.
+MOVE_EVENTS = 5 + 3 * WANTED + 1
+# What a batch of the menu's script takes at least.
+MENU_EVENTS = 50
+
+
 def at_gates():
-    """All points at the gate, kind by kind."""
+    """All points at the gate."""
     points = []
     for stage, moves in ((MOVE, WANTED), (RESUME, WANTED - INTERRUPTED_AFTER), (PUT_BACK, WANTED)):
         for death in DEATHS:
             points += [AtGate(stage, death, "move", n) for n in range(1, moves + 1)]
-    # Five requests find the account and the folders, and then a message takes at least three.
-    for death in (CHILD_GOES_ON, BOTH_DIE):
-        points += [AtGate(MOVE, death, "event", n) for n in range(1, 5 + 3 * WANTED)]
     for death in DEATHS:
+        points += [AtGate(MOVE, death, "event", n) for n in range(1, MOVE_EVENTS + 1)]
         points += [AtGate(MENU, death, "event", n) for n in range(1, MENU_EVENTS + 1)]
     return points
 
 
-# How many messages have moved in the world "interrupted".
-INTERRUPTED_AFTER = 10
-# A batch of the menu's script makes as many requests at least.
-MENU_EVENTS = 20
-
-
 def spread(points, count):
-    """So many of them, always the same: each kind has its share, and a kind's points lie evenly
-    over it."""
+    """So many of them, always the same. Each kind has its share, which lies evenly over the kind's
+    points; each kind's first one lies elsewhere, so that together few kinds come to many places."""
     kinds = collections.defaultdict(list)
     for point in points:
         kinds[point.kind].append(point)
-    # A kind of calls is several.
+    # A kind of calls is several in one.
     weights = {kind: 3 if kind.endswith("/calls") else 1 for kind in kinds}
-    shares = collections.Counter()
-    count = min(count, len(points))
     turns = itertools.cycle([kind for kind in sorted(kinds) for _ in range(weights[kind])])
-    while shares.total() < count:
+    shares = collections.Counter()
+    while shares.total() < min(count, len(points)):
         kind = next(turns)
-        if shares[kind] < len(kinds[kind]):
-            shares[kind] += 1
-    return [each for kind in sorted(kinds) for each in _evenly(kinds[kind], shares[kind])]
-
-
-def _evenly(points, count):
-    if count <= 1:
-        return points[len(points) // 2:][:count]
-    return [points[i * (len(points) - 1) // (count - 1)] for i in range(count)]
+        shares[kind] += shares[kind] < len(kinds[kind])
+    chosen = []
+    for place, kind in enumerate(sorted(kinds)):
+        step = len(kinds[kind]) / max(1, shares[kind])
+        first = (place + 0.5) / len(kinds)
+        chosen += [kinds[kind][int((i + first) * step)] for i in range(shares[kind])]
+    return chosen

@@ -91,7 +91,7 @@ def trace(world, program, options, log):
     try:
         await_that(attached, "strace")
     except BaseException:
-        tracer.__exit__()
+        tracer.close()
         raise
     return tracer
 
@@ -137,9 +137,12 @@ def _points(stage, world, log):
             path = re.split(r'[">]', rest[rest.index(store) + len(store):])[0]
             of_path[call, path] += 1
             told[made] = AtCall(stage, call, of_path[call, path], path)
+        elif call == "write" and rest.startswith("1<"):
+            told[made] = None  # a line of the tool's own; how many there are depends on the polls
     for (call, number), position in first.items():
         told.setdefault(position, AtCall(stage, call, number))
-    return Calls([told[position] for position in sorted(told)], made, len(told))
+    points = [point for _, point in sorted(told.items()) if point]
+    return Calls(points, made - sum(point is None for point in told.values()), len(points))
 
 
 # How many messages have moved in the world "interrupted".

@@ -15,6 +15,10 @@ class Fault(Exception):
     """What does not hold, as one sentence."""
 
 
+class NeverReached(Fault):
+    """The program has ended without coming to its kill point."""
+
+
 _lock = threading.Lock()
 _running = set()
 _ending = False
@@ -61,6 +65,9 @@ class Program:
         return self
 
     def __exit__(self, *_):
+        self.close()
+
+    def close(self):
         self.kill_all()
         self._process.stdin.close()
         self._process.wait()

@@ -17,6 +17,8 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"paused scan", scenes::pausedScan},
     {"open results", scenes::openResults},
     {"moved results", scenes::movedResults},
+    {"moving", scenes::moving},
+    {"failed move", scenes::failedMove},
     {"stopped scan", scenes::stoppedScan},
     {"history", scenes::history},
     {"taught history", scenes::taughtHistory},

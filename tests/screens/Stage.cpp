@@ -276,6 +276,27 @@ void movedResults(AppState& state) {
     state.putBack.set({2});
 }
 
+void movable(AppState& state) {
+    results(state);
+    state.account.mutate([](auto& account) {
+        account->folders.push_back(folder(2, "Junk", 212));
+        account->folders.push_back({3, "דואר זבל", 9, MailFolder::Role::junk});
+    });
+}
+
+void moving(AppState& state) {
+    movable(state);
+    state.moving.set(true);
+    state.moveStage.set("Moving into Junk");
+    state.movedCount.set(20);
+    state.moveTotal.set(72);
+}
+
+void failedMove(AppState& state) {
+    movable(state);
+    state.moveError.set("Mail closed before it finished.");
+}
+
 void stoppedScan(AppState& state) {
     selectInbox(state);
     state.scanError.set("Brindlet could only read 499 of 1,000 messages on disk.");

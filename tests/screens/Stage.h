@@ -78,6 +78,12 @@ void openResults(AppState& state);
 void correctedResults(AppState& state);
 /// Ads and newsletters, of which the newsletters were moved; of these one is to be put back.
 void movedResults(AppState& state);
+/// The results of `results` in an account with junk folders of its own.
+void movable(AppState& state);
+/// The same with a move halfway.
+void moving(AppState& state);
+/// The same after one that failed.
+void failedMove(AppState& state);
 void stoppedScan(AppState& state);
 void nothingFound(AppState& state);
 /// Four scans, the first moved three messages and has its file; a bin of two.

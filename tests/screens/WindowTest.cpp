@@ -22,6 +22,8 @@ const std::vector<Scene> allScenes{
     {"paused scan", scenes::pausedScan},
     {"results", scenes::results},
     {"open results", scenes::openResults},
+    {"moving", scenes::moving},
+    {"failed move", scenes::failedMove},
     {"stopped scan", scenes::stoppedScan},
     {"corrected results", scenes::correctedResults},
     {"moved results", scenes::movedResults},

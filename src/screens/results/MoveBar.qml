@@ -37,6 +37,7 @@ Rectangle {
     Timer {
         id: swapped
 
+        objectName: "swapped"
         interval: Theme.doubleClick
     }
     Connections {
@@ -84,8 +85,6 @@ Rectangle {
 
                 model: root.model
             }
-
-            Accessible.role: Accessible.ButtonMenu
         }
         GhostButton {
             id: stop

@@ -64,7 +64,7 @@ TEST(MovedListModel, TellsWhatItsHeaderShows) {
     EXPECT_EQ(gone.model.heading(), QStringLiteral("Already moved to Brindlet Junk"));
     EXPECT_EQ(gone.model.badge(), QStringLiteral("DONE"));
     EXPECT_EQ(gone.model.badgeTone(), screens::tones::Green);
-    EXPECT_EQ(gone.model.count(), QStringLiteral("1 to put back"));
+    EXPECT_EQ(gone.model.toPutBack(), QStringLiteral("1 to put back"));
     EXPECT_EQ(gone.model.putBackLabel(), QStringLiteral("Put 1 back in INBOX"));
     EXPECT_TRUE(gone.model.canPutBack());
     EXPECT_EQ(gone.model.scrollLine(), QStringLiteral("19 messages - scroll to see them all"));
@@ -84,11 +84,11 @@ TEST(MovedListModel, ATickIsOneNotificationToItsRowAlone) {
     EXPECT_EQ(changes[0][1].toModelIndex().row(), 40'000);
     EXPECT_EQ(changes[0][2].value<QList<int>>(), QList<int>{Model::TickSymbolRole});
     EXPECT_EQ(resets.count(), 0);
-    EXPECT_EQ(gone.model.count(), QStringLiteral("1 to put back"));
+    EXPECT_EQ(gone.model.toPutBack(), QStringLiteral("1 to put back"));
     gone.model.tick(40'000);
     gone.model.refresh();
     EXPECT_EQ(changes.count(), 2);
-    EXPECT_EQ(gone.model.count(), QString());
+    EXPECT_EQ(gone.model.toPutBack(), QString());
 }
 
 TEST(MovedListModel, AFilterLeavesWhatHoldsItsTextInSenderOrSubject) {
@@ -102,7 +102,7 @@ TEST(MovedListModel, AFilterLeavesWhatHoldsItsTextInSenderOrSubject) {
     EXPECT_EQ(*gone.state->putBack, (AppState::Ids{2, 22}));
     EXPECT_EQ(gone.text(0, Model::TickSymbolRole), QStringLiteral("checkmark.square.fill"));
     EXPECT_EQ(gone.model.scrollLine(), QStringLiteral("1 messages - scroll to see them all"));
-    EXPECT_EQ(gone.model.count(), QStringLiteral("2 to put back")) << "the hidden one too";
+    EXPECT_EQ(gone.model.toPutBack(), QStringLiteral("2 to put back")) << "the hidden one too";
     gone.model.setFilter(QStringLiteral("no such thing"));
     EXPECT_EQ(gone.model.rowCount(), 0);
     gone.model.setFilter({});

@@ -69,7 +69,9 @@ TEST(MovedSection, WhatOpensIsInSight) {
     stage.window()->resize(stage.window()->minimumSize());
     open(stage);
     const auto* list = stage.find("movedMessages");
-    EXPECT_LE(list->mapToScene(QPointF(0, list->height())).y(), stage.window()->height());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return list->mapToScene(QPointF(0, list->height())).y() <= stage.window()->height();
+    }));
     EXPECT_GE(stage.find("movedHeader")->mapToScene(QPointF()).y(), 0);
 }
 
@@ -160,6 +162,16 @@ TEST(MovedSection, CannotPutBackWhileAMoveRuns) {
     finishMove(stage);
     EXPECT_TRUE(stage.find("putBack")->isEnabled())
         << "the script said nothing, so it is still to do";
+}
+
+TEST(MovedSection, ASecondClickOnTheButtonDoesNotOpenOrClose) {
+    Stage stage(scenes::movedResults);
+    stage.world.processes.block();
+    EXPECT_TRUE(stage.click("putBack"));
+    EXPECT_TRUE(stage.click("putBack"));
+    EXPECT_EQ(rows(stage), -1);
+    stage.world.processes.release();
+    finishMove(stage);
 }
 
 TEST(MovedSection, IsWalkedByKeyboardAlone) {

@@ -125,6 +125,20 @@ TEST(ResumeBanner, WaitsForTheAccountsWithoutTakingASecondPress) {
     EXPECT_EQ(stage.focused(), QStringLiteral("resume")) << "where the keyboard was";
 }
 
+TEST(ResumeBanner, DoesNotCallTheKeyboardBackFromWhereItWent) {
+    Stage stage([](AppState& state) {
+        scenes::interrupted(state);
+        state.accounts.set({});
+    });
+    ASSERT_TRUE(stage.tabTo("resume"));
+    stage.press(Qt::Key_Space);
+    ASSERT_TRUE(stage.tabTo("start"));
+    ASSERT_TRUE(stage.world.mainQueue.pumpUntil([&] { return !*stage.state->loadingAccounts; }));
+    stage.settle();
+    EXPECT_TRUE(stage.find("resume")->isEnabled());
+    EXPECT_EQ(stage.focused(), QStringLiteral("start"));
+}
+
 TEST(ResumeBanner, CannotBeginAMoveThatRuns) {
     Stage stage(scenes::interrupted);
     stage.state->moving.set(true);

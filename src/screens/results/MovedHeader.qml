@@ -30,8 +30,8 @@ Item {
         hoverEnabled: true
         onClicked: root.open(!root.model.expanded)
 
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
+        Keys.onReturnPressed: opener.clicked()
+        Keys.onEnterPressed: opener.clicked()
         Keys.onRightPressed: root.open(true)
         Keys.onLeftPressed: root.open(false)
 
@@ -58,7 +58,7 @@ Item {
 
         Accessible.name: root.model.heading
         Accessible.description: root.model.description
-        Accessible.onPressAction: clicked()
+        Accessible.onPressAction: opener.clicked()
     }
     Symbol {
         x: 15
@@ -94,22 +94,33 @@ Item {
         }
         Txt {
             objectName: "toPutBack"
-            text: root.model.count
+            text: root.model.toPutBack
             weight: Font.Medium
             color: Theme.ink2
             Accessible.ignored: true
         }
-        GhostButton {
-            objectName: "putBack"
-            visible: text !== ""
-            enabled: root.model.canPutBack
-            text: root.model.putBackLabel
-            boxed: true
-            tint: Theme.lavenderInk
-            onClicked: {
-                // It goes when its work is done, and the keyboard would be nowhere.
-                opener.forceActiveFocus();
-                root.model.putBack();
+        Item {
+            implicitWidth: putBack.implicitWidth
+            implicitHeight: putBack.implicitHeight
+            visible: putBack.text !== ""
+
+            // A second click finds the button disabled, and is not meant for what lies beneath.
+            MouseArea {
+                anchors.fill: parent
+            }
+            GhostButton {
+                id: putBack
+
+                objectName: "putBack"
+                enabled: root.model.canPutBack
+                text: root.model.putBackLabel
+                boxed: true
+                tint: Theme.lavenderInk
+                onClicked: {
+                    // It goes when its work is done, and the keyboard would be nowhere.
+                    opener.forceActiveFocus();
+                    root.model.putBack();
+                }
             }
         }
         Symbol {

@@ -60,11 +60,9 @@ void MovedListModel::leave() {
 
 void MovedListModel::refreshRows() {
     shownRevisions_ = revisions();
-    const auto& moved = state_.movedVerdicts();
-    // Words of the old list are still asked for until the reset begins.
     beginResetModel();
     verdicts_ = *state_.verdicts;
-    moved_ = moved;
+    moved_ = state_.movedVerdicts();
     rowFilter_.reset(verdicts_, moved_);
     makeRows();
     endResetModel();
@@ -150,7 +148,7 @@ int MovedListModel::badgeTone() const {
     return words_ ? tones::of(words_->badge) : tones::Plain;
 }
 
-QString MovedListModel::count() const {
+QString MovedListModel::toPutBack() const {
     return words_ ? qtText(words_->count) : QString();
 }
 

@@ -34,8 +34,8 @@ class MovedListModel : public QAbstractListModel {
     Q_PROPERTY(QString heading READ heading NOTIFY changed)
     Q_PROPERTY(QString badge READ badge NOTIFY changed)
     Q_PROPERTY(int badgeTone READ badgeTone NOTIFY changed)
-    /// How many are to be put back; empty where none is.
-    Q_PROPERTY(QString count READ count NOTIFY changed)
+    /// How many are ticked; empty where none is.
+    Q_PROPERTY(QString toPutBack READ toPutBack NOTIFY changed)
     Q_PROPERTY(QString putBackLabel READ putBackLabel NOTIFY changed)
     Q_PROPERTY(bool canPutBack READ canPutBack NOTIFY changed)
     /// What the header shows beside its heading.
@@ -68,7 +68,7 @@ class MovedListModel : public QAbstractListModel {
     QString heading() const;
     QString badge() const;
     int badgeTone() const;
-    QString count() const;
+    QString toPutBack() const;
     QString putBackLabel() const;
     bool canPutBack() const { return words_ && words_->ready; }
     QString description() const;

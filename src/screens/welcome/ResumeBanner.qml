@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import Brindlet.Screens
 
 // Offers to finish a move that was interrupted, or to let the rest of it be.
@@ -6,7 +7,8 @@ Banner {
     id: root
 
     required property ResumeModel model
-    // The keyboard was on the button that cannot be pressed for a while.
+    readonly property Item focusItem: Window.activeFocusItem
+    // The keyboard was on the button that cannot be pressed for a while, and went nowhere since.
     property bool owesFocus: false
     signal forgotten
 
@@ -17,6 +19,11 @@ Banner {
     trouble: model.error
     tint: Theme.lavender
     ink: Theme.lavenderInk
+
+    onFocusItemChanged: {
+        if (root.focusItem !== null && root.focusItem.activeFocusOnTab)
+            root.owesFocus = root.owesFocus && root.focusItem === resume;
+    }
 
     Spinner {
         objectName: "resumeWait"

@@ -196,6 +196,19 @@ TEST_F(MoveTool, AFolderOfGmailsOnlyTagsAndNothingCountsAsMoved) {
     EXPECT_EQ(move("--resume --ui-move").note, "Finished - 3 more moved");
 }
 
+TEST_F(MoveTool, TheWayBackOutOfALabelOnlyTagsToo) {
+    fill(3, true);
+    home.addMailbox(account, "Brindlet Junk");
+    EXPECT_EQ(move("--ui-move").note, "Moved 3 into Brindlet Junk");
+    const auto back = move("--put-back --ui-move");
+    EXPECT_EQ(back.error.rfind("robin@harbour.example tagged the message with INBOX but left it in "
+                               "Brindlet Junk.",
+                               0),
+              0u)
+        << back.error;
+    EXPECT_EQ(back.movedAlready, 3);
+}
+
 TEST_F(MoveTool, AMailProgramThatQuitsOnTheWayLooksLikeAShortMove) {
     fill(12);
     home.addMailbox(account, "Brindlet Junk");

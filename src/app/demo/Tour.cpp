@@ -39,6 +39,8 @@ bool Tour::run() {
     results();
     correction();
     storesStand();
+    move();
+    putBack();
     secondScan();
     step(QStringLiteral("nothing was complained of"), [this] {
         for (const auto& warning : main_.warnings()) std::printf("  %s\n", qPrintable(warning));

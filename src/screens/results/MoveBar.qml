@@ -7,6 +7,7 @@ Rectangle {
     id: root
 
     required property MoveModel model
+    readonly property bool moving: model.moving
 
     objectName: "moveBar"
     implicitHeight: Math.max(root.model.offered ? 78 : 54,
@@ -16,6 +17,8 @@ Rectangle {
     border.width: 1
     border.color: Theme.line
     visible: model.offered || model.hasStatus
+
+    onMovingChanged: swapped.restart()
 
     function holds(item: Item): bool {
         return item === move || item === menuButton || item === stop;
@@ -40,13 +43,6 @@ Rectangle {
         objectName: "swapped"
         interval: Theme.doubleClick
     }
-    Connections {
-        target: move
-
-        function onVisibleChanged(): void {
-            swapped.restart();
-        }
-    }
     RowLayout {
         anchors.fill: parent
         anchors.leftMargin: Theme.space4
@@ -58,7 +54,7 @@ Rectangle {
 
             objectName: "move"
             Layout.maximumWidth: 420
-            visible: root.model.offered && !root.model.moving
+            visible: root.model.offered && !root.moving
             enabled: root.model.canMove
             symbol: root.model.symbol
             text: root.model.label
@@ -90,7 +86,7 @@ Rectangle {
             id: stop
 
             objectName: "stopMove"
-            visible: root.model.moving
+            visible: root.moving
             text: root.model.stopLabel
             help: root.model.stopHelp
             boxed: true

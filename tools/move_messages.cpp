@@ -9,8 +9,8 @@
 #include "ToolWorld.h"
 #include "models/embedded/EmbeddedModel.h"
 #include "platform/linux/Memory.h"
-#include "sample/MailPresence.h"
 #include "sample/MailSettings.h"
+#include "sample/SimulatedApps.h"
 
 // Real moves without a window, through the session object itself and a script host.
 
@@ -36,18 +36,6 @@ constexpr const char* usage =
     "                  a tracer may be attached meanwhile\n"
     "  --help          this text\n";
 
-/// The one mail program of a sample home.
-class SampleApps : public RunningApps {
-  public:
-    explicit SampleApps(std::string home) : home_(std::move(home)) {}
-    bool isRunning(const std::string& bundleIdentifier) const override {
-        return bundleIdentifier == "com.apple.mail" && sample::mailIsRunning(home_);
-    }
-
-  private:
-    std::string home_;
-};
-
 int complain(const std::string& sentence, int status) {
     std::fprintf(stderr, "%s\n", sentence.c_str());
     return status;
@@ -66,7 +54,7 @@ int move(const Arguments& arguments, MoveOrder order) {
     const std::string home = *arguments.option("--home");
     ::setenv(sample::sampleHomeVariable, home.c_str(), 1);
     EmbeddedModel model;
-    SampleApps apps(home);
+    sample::SimulatedApps apps(home);
     ToolWorld world(home, arguments.option("--store"));
     world.scriptHost = *arguments.option("--host");
     world.defaults.setInteger("scan.limit", 0);

@@ -38,10 +38,6 @@ void SayingDesktop::openMail() {
     sample::launchMail(home_);
 }
 
-bool SimulatedApps::isRunning(const std::string& bundleIdentifier) const {
-    return bundleIdentifier == "com.apple.mail" && sample::mailIsRunning(home_);
-}
-
 std::unique_ptr<Power::Activity> PluggedPower::keepAwake(const std::string&) {
     return std::make_unique<Activity>();
 }

@@ -8,11 +8,11 @@
 #include "platform/Desktop.h"
 #include "platform/Directories.h"
 #include "platform/Power.h"
-#include "platform/RunningApps.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/posix/PosixProcessRunner.h"
+#include "sample/SimulatedApps.h"
 
 namespace brindlet::demo {
 
@@ -39,17 +39,6 @@ class SayingDesktop : public Desktop {
     void openDiskAccessSettings() override;
     /// Launches the simulated one.
     void openMail() override;
-
-  private:
-    std::string home_;
-};
-
-/// A desktop on which nothing runs but, while it does, the simulated mail program of a home.
-class SimulatedApps : public RunningApps {
-  public:
-    explicit SimulatedApps(std::string home) : home_(std::move(home)) {}
-
-    bool isRunning(const std::string& bundleIdentifier) const override;
 
   private:
     std::string home_;
@@ -93,7 +82,7 @@ struct DemoWorld {
     PluggedPower power;
     SayingDesktop desktop;
     PosixProcessRunner processes;
-    SimulatedApps runningApps;
+    sample::SimulatedApps runningApps;
     /// The stand-in that lies beside this program; no script ever reaches the person's own mail
     /// program.
     std::string scriptHost;

@@ -147,8 +147,8 @@ def _points(stage, world, log):
 
 # How many messages have moved in the world "interrupted".
 INTERRUPTED_AFTER = 10
-# Five requests find the account and the folders, three are made for each message, and one more looks
-# whether the first has left.
+# Five requests find the account and the folders, three are made for each message, and one more
+# looks whether the first has left.
 MOVE_EVENTS = 5 + 3 * WANTED + 1
 # What a batch of the menu's script takes at least.
 MENU_EVENTS = 50

@@ -6,12 +6,12 @@
 
 // Makes a home for the fault suite, in which every message is known:
 //
-//     make_moving_home DIR plain|gmail|undone MESSAGES
+//     make_moving_home DIR plain|gmail MESSAGES
 //
 // So many messages of offers@shop.example are to leave INBOX: wanted-1@h, wanted-2@h and so on.
 // Among them lie half as many of ann@baker.example, kept-1@h and so on, which stay; "plain" has
-// mail of both in other folders and in another account too. In "gmail" folders are labels. In
-// "plain" and "gmail" the folder that the messages go to stands already.
+// mail of the shop's in other folders and in another account too. In "gmail" folders are labels.
+// The folder that the messages go to stands already.
 
 namespace brindlet::sample {
 namespace {
@@ -74,6 +74,6 @@ int main(const std::string& path, const std::string& kind, int wanted) {
 
 int main(int count, char** values) {
     if (count == 4) return brindlet::sample::main(values[1], values[2], std::atoi(values[3]));
-    std::fputs("make_moving_home DIR plain|gmail|undone MESSAGES\n", stderr);
+    std::fputs("make_moving_home DIR plain|gmail MESSAGES\n", stderr);
     return EXIT_FAILURE;
 }

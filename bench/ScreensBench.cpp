@@ -117,6 +117,17 @@ void openResults(AppState& state) {
     state.navigate(AppState::Screen::results);
 }
 
+/// The same with all that could be moved gone, and the list of it open.
+void openMoved(AppState& state) {
+    openResults(state);
+    state.expand.set(std::nullopt);
+    state.pastMove.set(AppState::PastMove{"INBOX", "Brindlet Junk"});
+    state.movedAlready.mutate([&](auto& moved) {
+        for (const auto& verdict : *state.verdicts)
+            if (verdict.messageID) moved.insert(*verdict.messageID);
+    });
+}
+
 /// The rules of one sender, most of them with a template, over as many messages of theirs.
 void openRules(AppState& state) {
     state.verdicts.set(testing::verdictsOfOneDomain(messages));
@@ -233,6 +244,22 @@ double ticking(testing::Stage& stage) {
     return percentile99(costs);
 }
 
+/// The same for the way back of a message that was moved.
+double tickingMoved(testing::Stage& stage) {
+    auto& list = *stage.model().results()->moved();
+    std::vector<double> costs;
+    WorkTimer timer;
+    const auto told = QObject::connect(&list, &QAbstractItemModel::dataChanged, &list,
+                                       [&] { costs.push_back(timer.milliseconds()); });
+    for (int row = 0; costs.size() < frames; row += 7) {
+        timer = WorkTimer();
+        list.tick(row);
+        QCoreApplication::sendPostedEvents();
+    }
+    QObject::disconnect(told);
+    return percentile99(costs);
+}
+
 /// The dearest of the keys of a few words, typed and deleted again, with the view at work.
 double filtering(testing::Stage& stage) {
     auto* list = stage.await(QStringLiteral("messages"));
@@ -296,6 +323,14 @@ int measureAll(int argc, char** argv) {
     ok &= report(
         "a key of the filter over 50,000 results, the dearest", [&] { return filtering(stage); },
         filterKeyLimit);
+    testing::Stage moved(openMoved);
+    moved.model().results()->moved()->setExpanded(true);
+    ok &= report(
+        "scrolling 50,000 moved, 99th percentile of a frame",
+        [&] { return scrolling(moved, "movedMessages"); }, frameLimit);
+    ok &= report(
+        "a tick among 50,000 moved, 99th percentile", [&] { return tickingMoved(moved); },
+        tickLimit);
     testing::Stage rules(openRules);
     ok &= report(
         "first refresh of 1,000 rules over 50,000 messages",

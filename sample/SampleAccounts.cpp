@@ -26,8 +26,9 @@ constexpr std::array<SampleFolder, 15> fernhill{{
 }};
 
 // Every message lies in All Mail; the inbox and the labels only point to it. Spam and Trash lie
-// outside All Mail.
-constexpr std::array<SampleFolder, 14> gmail{{
+// outside All Mail. The last label is there for whoever moves by the mail program's menu, which
+// shows what stands and makes nothing.
+constexpr std::array<SampleFolder, 15> gmail{{
     {"[Gmail]", "custom", 0, Mix::inbox, Storage::none},
     {"[Gmail]/All Mail", "archive", 205, Mix::inbox},
     {"INBOX", "inbox", 0, Mix::inbox, Storage::labelled},
@@ -42,6 +43,7 @@ constexpr std::array<SampleFolder, 14> gmail{{
     {"Travel/Côte d'été", "custom", 0, Mix::archive, Storage::labelled},
     {"Newsletters", "custom", 0, Mix::mailingList, Storage::labelled},
     {"Empty Label", "custom", 0, Mix::archive, Storage::labelled},
+    {"Brindlet Junk", "custom", 0, Mix::junk, Storage::none},
 }};
 
 constexpr std::array<SampleFolder, 9> lockwood{{

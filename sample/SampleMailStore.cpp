@@ -12,6 +12,7 @@
 #include "sample/MailSettings.h"
 #include "sample/MessageComposer.h"
 #include "sample/PlanFacts.h"
+#include "sample/SystemAccounts.h"
 
 namespace brindlet::sample {
 namespace {
@@ -51,6 +52,8 @@ class Maker {
         facts.newest = newest_;
         if (!writeFacts(facts, home_ + "/sample-facts.json"))
             return failed("The facts could not be written.");
+        if (!writeSystemAccounts(home_))
+            return failed("The system's account database could not be written.");
         if (!writeMailSettings(home_, mailSettings()))
             return failed("The mail program's settings could not be written.");
         return {std::move(facts), ""};

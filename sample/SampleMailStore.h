@@ -19,8 +19,9 @@ struct SampleOutcome {
 /// Called now and then, on the calling thread or another, never twice at once.
 using SampleProgress = std::function<void(std::size_t written, std::size_t all)>;
 
-/// Makes a home folder with sample mail: "Library/Mail/V10" with its index and message files, and
-/// beside Library the facts in "sample-facts.json" and the simulated mail program's settings in
+/// Makes a home folder with sample mail: "Library/Mail/V10" with its index and message files,
+/// "Library/Accounts" with the system's account database (see SystemAccounts), and beside Library
+/// the facts in "sample-facts.json" and the simulated mail program's settings in
 /// "mail-program.json" (see MailSettings). The same options make the same bytes in every
 /// message file and the same rows. A folder that already holds a Library is left alone.
 ///

@@ -6,14 +6,25 @@
 
 namespace brindlet::tools {
 
-Arguments::Arguments(int count, char** values, const std::vector<std::string_view>& known) {
+namespace {
+
+bool contains(const std::vector<std::string_view>& words, std::string_view word) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+}  // namespace
+
+Arguments::Arguments(int count, char** values, const std::vector<std::string_view>& known,
+                     const std::vector<std::string_view>& knownFlags) {
     for (int i = 1; i < count && problem.empty(); ++i) {
         const std::string_view word = values[i];
         if (word == "--help") {
             help = true;
         } else if (!word.starts_with("--")) {
             words.emplace_back(word);
-        } else if (std::find(known.begin(), known.end(), word) == known.end()) {
+        } else if (contains(knownFlags, word)) {
+            flags.emplace(word);
+        } else if (!contains(known, word)) {
             problem = "There is no option " + std::string(word) + ".";
         } else if (++i == count) {
             problem = "A value is missing after " + std::string(word) + ".";

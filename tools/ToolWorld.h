@@ -50,11 +50,12 @@ struct ToolWorld {
     /// None unless one is named, so that no script ever reaches the person's own mail program.
     std::string scriptHost;
 
-    /// The model must outlive what is built over the services.
-    Services services(LanguageModel& model) {
-        return {clock,   directories, loop,      defaults,    model,     power,
-                desktop, locale,      processes, runningApps, scriptHost};
+    /// Model and apps must outlive what is built over the services.
+    Services services(LanguageModel& model, RunningApps& apps) {
+        return {clock,   directories, loop,      defaults, model,     power,
+                desktop, locale,      processes, apps,     scriptHost};
     }
+    Services services(LanguageModel& model) { return services(model, runningApps); }
 };
 
 }  // namespace brindlet::tools

@@ -55,6 +55,7 @@ void AppModel::refresh() {
     const auto next = screenFor(*state_.screen);
     const bool appears = next != screen_;
     // First, because what leaving changes is to be seen on the next screen.
+    if (appears && screen_ == Welcome) welcome_.leave();
     if (appears && screen_ == Results) results_.leave();
     if (appears && screen_ == History) history_.leave();
     if (appears && screen_ == Rules) rules_.leave();

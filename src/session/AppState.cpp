@@ -155,6 +155,14 @@ std::int64_t AppState::tickedCount(Category category) const {
     return static_cast<std::int64_t>(approved->countCommon(split().remainingOf(category)));
 }
 
+std::int64_t AppState::movableCount() const {
+    return static_cast<std::int64_t>(approved->countCommon(split().movable));
+}
+
+std::int64_t AppState::putBackCount() const {
+    return static_cast<std::int64_t>(putBack->countCommon(split().movedIds));
+}
+
 bool AppState::resultsEmpty() const {
     return !*scanError && remainingVerdicts().empty() && movedVerdicts().empty() && !*moving;
 }

@@ -203,6 +203,8 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     void startMove();
     /// Goes on with the move that was not finished.
     void resumeMove();
+    /// Takes a moved message into `putBack`, or out of it; any other is left alone.
+    void togglePutBack(std::int64_t id);
     /// Returns the messages in `putBack` to where they were moved from.
     void putBackMoved();
     /// True when the person has to be asked first; what was asked for then goes on with the answer.
@@ -224,6 +226,11 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::int64_t protectedCount() const { return verdicts->vetoedCount(); }
     /// How many remaining messages of the category are ticked.
     std::int64_t tickedCount(Category category) const;
+    /// How many messages a move would take now: all ticked ones with a Message-ID, even those that
+    /// were moved before and have been ticked again since.
+    std::int64_t movableCount() const;
+    /// How many moved messages are in `putBack`, which may also hold those of an earlier scan.
+    std::int64_t putBackCount() const;
     /// Nothing to show and nothing to do.
     bool resultsEmpty() const;
 

@@ -88,6 +88,12 @@ bool AppState::isOnShow(const MoveRun& run) const {
            currentRecord->folder == run.source;
 }
 
+void AppState::togglePutBack(std::int64_t id) {
+    if (!split().movedIds.contains(id)) return;
+    putBack.mutate(
+        [&](Ids& chosen) { chosen.contains(id) ? chosen.erase(id) : chosen.insert(id); });
+}
+
 void AppState::putBackMoved() {
     if (*moving || !*account || !*pastMove) return;
     MoveRun run;

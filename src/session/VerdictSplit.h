@@ -20,9 +20,12 @@ struct VerdictSplit {
 
     std::vector<std::uint32_t> remaining;
     std::vector<std::uint32_t> moved;
+    IdSet movedIds;
     /// Among the remaining.
     std::int64_t junk = 0;
     std::int64_t kept = 0;
+    /// Of all, moved or not: those with a Message-ID.
+    IdSet movable;
     const IdSet& remainingOf(Category category) const {
         return byCategory_[static_cast<std::size_t>(category)];
     }

@@ -4,6 +4,7 @@
 
 #include "platform/Locale.h"
 #include "session/AppState.h"
+#include "words/MovedWords.h"
 
 namespace brindlet {
 namespace {
@@ -81,9 +82,8 @@ std::string movedAway(const AppState& state) {
 }
 
 AllMovedWords allMovedWords(const AppState& state) {
-    const auto& past = *state.pastMove;
     AllMovedWords words;
-    words.text = "They're in " + (past ? past->to : "your junk folder") +
+    words.text = "They're in " + movedPlace(state) +
                  " - nothing was deleted, so you can put any of them back.";
     return words;
 }

@@ -22,12 +22,14 @@ std::uint64_t hashOf(std::string_view bytes) {
     return hash;
 }
 
-/// Every file below the folder but the index, by its relative path.
+/// Every file below the folder but the databases, by its relative path.
 std::map<std::string, std::uint64_t> filesBelow(const std::string& folder) {
     std::map<std::string, std::uint64_t> hashes;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
         const std::string path = entry.path().string().substr(folder.size());
-        if (entry.is_regular_file() && path.find("/MailData/") == std::string::npos)
+        const bool database = path.find("/MailData/") != std::string::npos ||
+                              path.find("/Library/Accounts/") != std::string::npos;
+        if (entry.is_regular_file() && !database)
             hashes[path] = hashOf(files::read(entry.path().string()).value_or(""));
     }
     return hashes;

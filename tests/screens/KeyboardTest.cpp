@@ -10,11 +10,15 @@ namespace {
 
 const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControls{
     {"welcome", [](AppState&) {}},
+    {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
     {"chosen mailbox", scenes::chosenMailbox},
     {"no accounts", scenes::noAccounts},
     {"paused scan", scenes::pausedScan},
     {"open results", scenes::openResults},
+    {"moved results", scenes::movedResults},
+    {"moving", scenes::moving},
+    {"failed move", scenes::failedMove},
     {"stopped scan", scenes::stoppedScan},
     {"history", scenes::history},
     {"taught history", scenes::taughtHistory},

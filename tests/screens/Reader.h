@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QTest>
 
 #include "screens/Stage.h"
 
@@ -27,10 +28,14 @@ struct Reader {
         : root((QAccessible::setActive(true), stage.settle(),
                 QAccessible::queryAccessibleInterface(stage.window()))) {}
 
+    /// Waits for it; null, with a failure, when it does not come.
     QAccessibleInterface* find(const char* name,
                                QAccessible::Role role = QAccessible::NoRole) const {
-        auto* found = named(root, QString::fromUtf8(name), role);
-        EXPECT_NE(found, nullptr) << name;
+        // Rows of a list come with a frame.
+        QAccessibleInterface* found = nullptr;
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return (found = named(root, QString::fromUtf8(name), role)) != nullptr;
+        })) << name;
         return found;
     }
     QAccessibleInterface* root;

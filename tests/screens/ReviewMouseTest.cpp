@@ -160,6 +160,7 @@ TEST(ReviewByMouse, WhatOpensIsInSightThoughSomethingAboveCloses) {
 
 TEST(ReviewByMouse, LastReviewedLeadsThere) {
     Stage stage(scenes::openResults);
+    stage.window()->resize(1080, 900);
     EXPECT_TRUE(stage.click("category0"));
     EXPECT_NE(stage.await("categoryReviewed1"), nullptr);
     EXPECT_TRUE(stage.click("categoryReviewed1"));

@@ -179,6 +179,20 @@ void selectInbox(AppState& state) {
 
 }  // namespace
 
+void interrupted(AppState& state) {
+    state.accounts.set({account("ada@example.org", {folder(1, "INBOX", 1834)})});
+    PendingMove move;
+    move.account = "ada@example.org";
+    move.source = "INBOX";
+    move.destination = "Brindlet Junk";
+    move.folderLabel = "INBOX";
+    for (int i = 412; i < 1834; ++i)
+        move.remaining.push_back({i + 1, std::to_string(i) + "@letters.example"});
+    move.done = 412;
+    move.started = state.services().clock.now();
+    state.interrupted.begin(std::move(move));
+}
+
 void permission(AppState& state) {
     state.navigate(AppState::Screen::permission);
 }
@@ -243,6 +257,44 @@ void correctedResults(AppState& state) {
     openResults(state);
     state.setCategoryTicked(Category::billOrPayment, true);
     state.toggleMessage(2);
+}
+
+void movedResults(AppState& state) {
+    results(state);
+    std::vector<Verdict> list;
+    std::unordered_set<std::string> moved;
+    for (const auto& verdict : *state.verdicts) {
+        const bool newsletter = verdict.category == Category::newsletterOrDigest;
+        if (!newsletter && verdict.category != Category::advertisingOrPromotion) continue;
+        if (newsletter && verdict.messageID) moved.insert(*verdict.messageID);
+        list.push_back(verdict);
+    }
+    list[3].subject.clear();
+    state.verdicts.set(VerdictList(std::move(list)));
+    state.movedAlready.set(std::move(moved));
+    state.pastMove.set(AppState::PastMove{"INBOX", "Brindlet Junk"});
+    state.putBack.set({2});
+}
+
+void movable(AppState& state) {
+    results(state);
+    state.account.mutate([](auto& account) {
+        account->folders.push_back(folder(2, "Junk", 212));
+        account->folders.push_back({3, "דואר זבל", 9, MailFolder::Role::junk});
+    });
+}
+
+void moving(AppState& state) {
+    movable(state);
+    state.moving.set(true);
+    state.moveStage.set("Moving into Junk");
+    state.movedCount.set(20);
+    state.moveTotal.set(72);
+}
+
+void failedMove(AppState& state) {
+    movable(state);
+    state.moveError.set("Mail closed before it finished.");
 }
 
 void stoppedScan(AppState& state) {

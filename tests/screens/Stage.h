@@ -61,6 +61,8 @@ VerdictList verdictsOfOneDomain(int count);
 
 /// States of a session that have a screen of their own each. They leave the session on that screen.
 namespace scenes {
+/// The first screen with a move of 1,834 that stopped after 412, in an account that is known.
+void interrupted(AppState& state);
 void permission(AppState& state);
 /// Two accounts with folders of all kinds; nothing selected.
 void mailboxes(AppState& state);
@@ -74,6 +76,14 @@ void results(AppState& state);
 void openResults(AppState& state);
 /// The same after one sweep and one correction: an undo and an offer stand.
 void correctedResults(AppState& state);
+/// Ads and newsletters, of which the newsletters were moved; of these one is to be put back.
+void movedResults(AppState& state);
+/// The results of `results` in an account with junk folders of its own.
+void movable(AppState& state);
+/// The same with a move halfway.
+void moving(AppState& state);
+/// The same after one that failed.
+void failedMove(AppState& state);
 void stoppedScan(AppState& state);
 void nothingFound(AppState& state);
 /// Four scans, the first moved three messages and has its file; a bin of two.

@@ -13,6 +13,7 @@ namespace {
 using Scene = std::pair<const char*, void (*)(AppState&)>;
 const std::vector<Scene> allScenes{
     {"welcome", [](AppState&) {}},
+    {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
     {"mailboxes", scenes::mailboxes},
     {"chosen mailbox", scenes::chosenMailbox},
@@ -21,8 +22,11 @@ const std::vector<Scene> allScenes{
     {"paused scan", scenes::pausedScan},
     {"results", scenes::results},
     {"open results", scenes::openResults},
+    {"moving", scenes::moving},
+    {"failed move", scenes::failedMove},
     {"stopped scan", scenes::stoppedScan},
     {"corrected results", scenes::correctedResults},
+    {"moved results", scenes::movedResults},
     {"nothing found", scenes::nothingFound},
     {"history", scenes::history},
     {"long history", scenes::longHistory},

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "doubles/BulkScript.h"
 #include "session/ReviewFixture.h"
 
 namespace brindlet {
@@ -13,16 +14,7 @@ class MoveTest : public ReviewTest {
     MoveTest();
     ~MoveTest() override;
 
-    /// What one run of the bulk script does.
-    struct Bulk {
-        /// Message-IDs that leave; all that were asked for unless `some` is set.
-        std::vector<std::string> landed;
-        bool some = false;
-        /// The number in the result; that of the landed ids when below 0.
-        std::int64_t moved = -1;
-        /// On standard error, with nothing on standard output.
-        std::string error;
-    };
+    using Bulk = doubles::Bulk;
     void script(Bulk bulk);
     static Bulk landing(std::vector<std::string> ids) { return {std::move(ids), true, -1, {}}; }
 

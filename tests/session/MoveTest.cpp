@@ -70,6 +70,7 @@ TEST_F(MoveTest, AMessageWithoutAnIdIsCountedButNeverMoved) {
     showRecorded();
     selectAccount("ann@x.example", {inbox()});
     state->approved.set({1, 2});
+    EXPECT_EQ(state->movableCount(), 1);
     state->startMove();
     EXPECT_EQ(*state->moveTotal, 1);
     finishMove();
@@ -78,6 +79,23 @@ TEST_F(MoveTest, AMessageWithoutAnIdIsCountedButNeverMoved) {
     state->approved.set({2});
     state->startMove();
     EXPECT_FALSE(*state->moving);
+}
+
+TEST_F(MoveTest, WhatAMoveWouldTakeIsCountedBeforehand) {
+    showAds(4);
+    EXPECT_EQ(state->movableCount(), 4);
+    state->approved.set({2, 3, 4, 77});
+    EXPECT_EQ(state->movableCount(), 3) << "nothing has that row id";
+    script(landing({"2@example"}));
+    state->startMove();
+    EXPECT_EQ(*state->moveTotal, 3);
+    finishMove();
+    EXPECT_EQ(state->movableCount(), 2);
+    state->setCategoryTicked(Category::advertisingOrPromotion, true);
+    EXPECT_EQ(state->movableCount(), 4) << "what was moved was ticked again with its category";
+    state->startMove();
+    EXPECT_EQ(*state->moveTotal, 4);
+    finishMove();
 }
 
 TEST_F(MoveTest, WhatWasNotFoundStaysListedAndTickedWithNothingToResume) {

@@ -180,6 +180,20 @@ TEST_F(PutBackTest, ReturnsWhatWasChosenByTheSameWay) {
     settle();
 }
 
+TEST_F(PutBackTest, OnlyMovedMessagesAreChosenAndCounted) {
+    showAds(3);
+    script(landing({"1@example", "2@example"}));
+    state->startMove();
+    finishMove();
+    for (const std::int64_t id : {1, 2, 3, 77}) state->togglePutBack(id);
+    EXPECT_EQ(*state->putBack, (AppState::Ids{1, 2})) << "3 is still there, 77 never was";
+    EXPECT_EQ(state->putBackCount(), 2);
+    state->togglePutBack(1);
+    EXPECT_EQ(*state->putBack, AppState::Ids{2});
+    state->putBack.set({2, 3, 77});
+    EXPECT_EQ(state->putBackCount(), 1) << "what an earlier scan left there";
+}
+
 TEST_F(PutBackTest, AnErrorKeepsWhatDidNotReturn) {
     moveAll(2);
     auto part = landing({"1@example"});

@@ -5,10 +5,13 @@
 #include "words/FolderWords.h"
 #include "words/HistoryWords.h"
 #include "words/ListWords.h"
+#include "words/MoveWords.h"
+#include "words/MovedWords.h"
 #include "words/OfferWords.h"
 #include "words/PermissionWords.h"
 #include "words/PickWords.h"
 #include "words/ResultsWords.h"
+#include "words/ResumeWords.h"
 #include "words/RuleWords.h"
 #include "words/RulesWords.h"
 #include "words/ScanningWords.h"
@@ -32,6 +35,14 @@ TEST(StaticWords, Welcome) {
                                        {"arrow.uturn.backward", "Nothing deleted"}};
     EXPECT_EQ(words.badges, badges);
     EXPECT_EQ(words.start, "Start");
+}
+
+TEST(StaticWords, Resume) {
+    const ResumeWords words;
+    EXPECT_EQ(words.symbol, "arrow.clockwise.circle.fill");
+    EXPECT_EQ(words.title, "A move didn't finish");
+    EXPECT_EQ(words.resume, "Continue");
+    EXPECT_EQ(words.forget, "Forget the rest of this move");
 }
 
 TEST(StaticWords, Permission) {
@@ -115,6 +126,26 @@ TEST(StaticWords, MessageLists) {
     EXPECT_EQ(words.bySender, "By sender");
     EXPECT_EQ(words.bySenderHelp, "One row per sender instead of one per message");
     EXPECT_EQ(words.stayPut, "These stay put - none of them will be moved");
+}
+
+TEST(StaticWords, Move) {
+    const MoveWords words;
+    EXPECT_EQ(words.symbol, "tray.and.arrow.down");
+    EXPECT_EQ(words.stop, "Stop");
+    EXPECT_EQ(words.stopHelp,
+              "Stop here - everything already filed stays filed, and the rest can continue later");
+    EXPECT_EQ(words.menuSymbol, "chevron.down");
+    EXPECT_EQ(words.menuHelp, "Which folder junk is filed into");
+}
+
+TEST(StaticWords, MovedMessages) {
+    const MovedSectionWords words;
+    EXPECT_EQ(words.symbol, "checkmark.circle.fill");
+    EXPECT_EQ(words.badge, (Mark{"DONE", Tone::green, ""}));
+    const MovedListWords list;
+    EXPECT_EQ(list.hint, "Tick anything that shouldn't have gone.");
+    EXPECT_EQ(list.filterSymbol, "magnifyingglass");
+    EXPECT_EQ(list.filterPrompt, "Filter these");
 }
 
 TEST(StaticWords, Undo) {

@@ -1,12 +1,25 @@
 #include "app/demo/DemoWorld.h"
 
 #include <cstdio>
-#include <utility>
+#include <cstdlib>
+#include <filesystem>
 
 #include "base/Cancel.h"
 #include "base/Files.h"
+#include "sample/MailPresence.h"
+#include "sample/MailSettings.h"
 
 namespace brindlet::demo {
+namespace {
+
+/// A program that was built into the same folder as this one.
+std::string besideThisProgram(const char* name) {
+    std::error_code error;
+    const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
+    return (self.parent_path() / name).string();
+}
+
+}  // namespace
 
 DemoDirectories::DemoDirectories(std::string root) : root_(std::move(root)) {
     for (const auto& folder : {home(), temporary(), store()}) files::createDirectories(folder);
@@ -22,6 +35,7 @@ void SayingDesktop::openDiskAccessSettings() {
 
 void SayingDesktop::openMail() {
     std::fprintf(stderr, "would open the mail program\n");
+    sample::launchMail(home_);
 }
 
 std::unique_ptr<Power::Activity> PluggedPower::keepAwake(const std::string&) {
@@ -35,6 +49,15 @@ std::optional<LanguageModel::Answer> PacedModel::respond(const std::string& inst
     constexpr double secondsACall = 0.015;
     (void)CancelToken().sleep(secondsACall);
     return model_.respond(instructions, schema, prompt, options);
+}
+
+DemoWorld::DemoWorld(const std::string& root)
+    : directories(root),
+      desktop(directories.home()),
+      runningApps(directories.home()),
+      scriptHost(besideThisProgram("osascript")) {
+    ::setenv(sample::sampleHomeVariable, directories.home().c_str(), 1);
+    defaults.setBoolean("allowUIMove", true);
 }
 
 }  // namespace brindlet::demo

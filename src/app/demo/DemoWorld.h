@@ -2,16 +2,17 @@
 
 #include <atomic>
 #include <string>
+#include <utility>
 
 #include "models/embedded/EmbeddedModel.h"
 #include "platform/Desktop.h"
 #include "platform/Directories.h"
 #include "platform/Power.h"
 #include "platform/linux/FileUserDefaults.h"
-#include "platform/linux/NoRunningApps.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/posix/PosixProcessRunner.h"
+#include "sample/SimulatedApps.h"
 
 namespace brindlet::demo {
 
@@ -29,12 +30,18 @@ class DemoDirectories : public Directories {
     std::string root_;
 };
 
-/// Opens nothing; says on standard error what it would have opened.
+/// Opens nothing of the person's; says on standard error what it would have opened.
 class SayingDesktop : public Desktop {
   public:
+    explicit SayingDesktop(std::string home) : home_(std::move(home)) {}
+
     void openLink(const std::string& url) override;
     void openDiskAccessSettings() override;
+    /// Launches the simulated one.
     void openMail() override;
+
+  private:
+    std::string home_;
 };
 
 /// A machine whose plug the tour can pull.
@@ -62,18 +69,22 @@ class PacedModel : public LanguageModel {
 
 /// The adapters of the demo: all that a person could miss is of its own, the rest is real.
 struct DemoWorld {
-    explicit DemoWorld(const std::string& root) : directories(root) {}
+    /// Made before any thread: it tells the processes that this one starts which home is their
+    /// mail's, by the environment.
+    explicit DemoWorld(const std::string& root);
 
     DemoDirectories directories;
     SystemClock clock;
     SystemLocale locale;
+    /// In memory, and with the mail program's menu allowed, so that a move on Gmail can be seen.
     FileUserDefaults defaults;
     PacedModel model;
     PluggedPower power;
     SayingDesktop desktop;
     PosixProcessRunner processes;
-    NoRunningApps runningApps;
-    /// None, so that no script ever reaches the person's own mail program.
+    sample::SimulatedApps runningApps;
+    /// The stand-in that lies beside this program; no script ever reaches the person's own mail
+    /// program.
     std::string scriptHost;
 };
 

@@ -41,8 +41,11 @@ bool Hand::await(const std::function<bool()>& condition) const {
 }
 
 bool Hand::rest() const {
-    QCoreApplication::processEvents();
-    return await([this] { return window_.property("settled").toBool(); });
+    bool drawn = false;
+    const QObject until;
+    QObject::connect(&window_, &QQuickWindow::frameSwapped, &until, [&drawn] { drawn = true; });
+    window_.update();
+    return await([&] { return drawn && window_.property("settled").toBool(); });
 }
 
 void Hand::mouse(QEvent::Type type, QPointF place, Qt::MouseButton button) const {
@@ -58,26 +61,31 @@ void Hand::clickAt(QQuickItem& item) const {
     mouse(QEvent::MouseButtonRelease, place, Qt::LeftButton);
 }
 
-bool Hand::click(const QString& name) const {
+bool Hand::clickWhat(const std::function<QQuickItem*()>& look) const {
     QQuickItem* item = nullptr;
-    if (!rest() || !await([&] { return (item = find(name)) && item->isEnabled(); })) return false;
+    const auto there = [&] {
+        item = look();
+        return item && item->isEnabled();
+    };
+    // What has only just come gets its place with the next frame.
+    if (!await(there) || !rest() || !await(there)) return false;
     clickAt(*item);
     return true;
 }
 
+bool Hand::click(const QString& name) const {
+    return clickWhat([&] { return find(name); });
+}
+
 bool Hand::clickRow(const QString& list, int row) const {
-    QQuickItem* item = nullptr;
-    const auto there = [&] {
-        auto* view = find(list);
-        item = nullptr;
-        return view &&
-               QMetaObject::invokeMethod(view, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, item),
-                                         Q_ARG(int, row)) &&
-               item;
-    };
-    if (!rest() || !await(there)) return false;
-    clickAt(*item);
-    return true;
+    return clickWhat([&] {
+        auto* const view = find(list);
+        QQuickItem* item = nullptr;
+        if (view)
+            QMetaObject::invokeMethod(view, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, item),
+                                      Q_ARG(int, row));
+        return item;
+    });
 }
 
 bool Hand::tabTo(const QString& name) const {

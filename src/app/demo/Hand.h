@@ -20,7 +20,7 @@ class Hand {
     QQuickItem* find(const QString& name) const;
     /// Lets the program run until the condition holds; false after a minute.
     bool await(const std::function<bool()>& condition) const;
-    /// Until no screen moves.
+    /// Until no screen moves, and all of it stands where it belongs.
     bool rest() const;
 
     /// Each waits for the thing first; false when it does not come.
@@ -37,6 +37,7 @@ class Hand {
   private:
     void mouse(QEvent::Type type, QPointF place, Qt::MouseButton button) const;
     void clickAt(QQuickItem& item) const;
+    bool clickWhat(const std::function<QQuickItem*()>& look) const;
 
     QQuickWindow& window_;
 };

@@ -37,7 +37,10 @@ bool Tour::run() {
     pick();
     scan();
     results();
+    correction();
     storesStand();
+    move();
+    putBack();
     secondScan();
     step(QStringLiteral("nothing was complained of"), [this] {
         for (const auto& warning : main_.warnings()) std::printf("  %s\n", qPrintable(warning));
@@ -157,14 +160,6 @@ void Tour::results() {
                hand_.await([this] { return hand_.find(QStringLiteral("messages")) != nullptr; });
     });
     picture(QStringLiteral("category"));
-    step(QStringLiteral("walk into its messages by keyboard"), [this] {
-        if (!hand_.tabTo(QStringLiteral("messages"))) return false;
-        hand_.press(Qt::Key_Down);
-        hand_.press(Qt::Key_Down);
-        const auto* list = hand_.find(QStringLiteral("messages"));
-        return list && list->property("currentIndex").toInt() == 2;
-    });
-    picture(QStringLiteral("keyboard"));
 }
 
 void Tour::storesStand() {
@@ -181,7 +176,7 @@ void Tour::storesStand() {
 }
 
 void Tour::secondScan() {
-    const auto before = state_.verdicts->size();
+    const auto before = state_.remainingVerdicts().size();
     step(QStringLiteral("click Scan another"),
          [this] { return hand_.click(QStringLiteral("scanAnother")); });
     step(QStringLiteral("the inbox is counted again"), [this] {

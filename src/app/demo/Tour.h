@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <functional>
 
 #include "app/demo/DemoWorld.h"
@@ -13,9 +14,9 @@ class MainWindow;
 
 namespace brindlet::demo {
 
-/// Plays a first visit: from the welcome to the results, then a second scan, which must leave out
-/// what the first one decided. Says on standard output what it does, and puts a picture of each
-/// screen into a folder.
+/// Plays a first visit: from the welcome to the results, a correction that is taken back, a move
+/// and a message that is put back, then a second scan, which must leave out what the first one
+/// decided. Says on standard output what it does, and puts a picture of each screen into a folder.
 class Tour {
   public:
     Tour(AppState& state, MainWindow& main, DemoWorld& world, QString pictures);
@@ -24,12 +25,26 @@ class Tour {
     bool run();
 
   private:
+    /// Message files in the folder on show and in the one that its junk goes to.
+    struct FileCounts {
+        std::int64_t source = 0;
+        std::int64_t destination = 0;
+    };
+
     void welcome();
     void pick();
     void scan();
     void results();
+    void correction();
     void storesStand();
+    void move();
+    void putBack();
     void secondScan();
+
+    FileCounts countFiles() const;
+    /// The move that runs comes to its end, and has taken so many messages out of the folder on
+    /// show; fewer than none were put back into it.
+    void expectMoved(const FileCounts& before, std::int64_t count);
 
     /// Says it and does it; the first failure is told, and what follows is left out.
     void step(const QString& what, const std::function<bool()>& deed);

@@ -14,26 +14,46 @@
 #include "app/demo/Tour.h"
 #include "base/Files.h"
 #include "platform/linux/Memory.h"
+#include "sample/MailPresence.h"
+#include "sample/MailSettings.h"
 #include "sample/SampleMailStore.h"
 #include "session/AppState.h"
 
 namespace brindlet::demo {
 namespace {
 
-/// False with a sentence on standard error when the mail cannot be made.
-bool makeMail(const std::string& home, std::int64_t messages) {
-    if (files::exists(home + "/Library")) return true;
+/// How much of the time that the simulated mail program says it takes really passes: a move of some
+/// hundred messages is to be seen, and to be stopped.
+constexpr double pace = 0.03;
+
+/// A finished sentence when the mail cannot be made; mail that is there is used as it is.
+std::string makeMail(const std::string& home, std::int64_t messages) {
+    if (files::exists(home + "/Library")) return {};
     sample::SampleOptions options;
     options.messages = messages;
     options.newest = QDateTime::currentSecsSinceEpoch();
-    const auto made = sample::makeMailStore(home, options, {});
-    if (!made.problem.empty()) std::fprintf(stderr, "%s\n", made.problem.c_str());
-    return made.problem.empty();
+    auto problem = sample::makeMailStore(home, options, {}).problem;
+    if (!problem.empty()) return problem;
+    auto settings = sample::readMailSettings(home).value_or(sample::MailSettings());
+    settings.behaviour.pace = pace;
+    return sample::writeMailSettings(home, settings)
+               ? ""
+               : "The mail program's settings could not be written.";
 }
 
-int runDemo(const Options& options, const std::string& root) {
-    DemoWorld world(root);
-    if (!makeMail(world.directories.home(), options.messages)) return EXIT_FAILURE;
+int fail(const std::string& sentence) {
+    std::fprintf(stderr, "%s\n", sentence.c_str());
+    return EXIT_FAILURE;
+}
+
+int runDemo(const Options& options, DemoWorld& world) {
+    if (!files::exists(world.scriptHost))
+        return fail("The stand-in for the script host is missing: " + world.scriptHost +
+                    ". Build osascript; it belongs beside this program.");
+    const std::string problem = makeMail(world.directories.home(), options.messages);
+    if (!problem.empty()) return fail(problem);
+    // As a person has it open.
+    sample::launchMail(world.directories.home());
     prepareToolkit();
     QtMainQueue queue;
     const auto state = AppState::make({world.clock, world.directories, queue, world.defaults,
@@ -68,11 +88,12 @@ int main(int argc, char** argv) {
         std::fputs(usage, options.help ? stdout : stderr);
         return options.help ? EXIT_SUCCESS : EXIT_FAILURE;
     }
-    const QGuiApplication application(argc, argv);
     std::optional<QTemporaryDir> passing;
     std::string root = options.keep;
     if (root.empty()) root = passing.emplace().path().toStdString();
-    const int code = runDemo(options, root);
+    DemoWorld world(root);
+    const QGuiApplication application(argc, argv);
+    const int code = runDemo(options, world);
     if (passing) passing->remove();
     std::fflush(stdout);
     // What still runs is abandoned, as at every end of the program.

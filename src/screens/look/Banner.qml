@@ -8,6 +8,8 @@ Rectangle {
     required property string symbol
     required property string text
     property string title: ""
+    // What went wrong with it; stands below the text.
+    property string trouble: ""
     property color tint: Theme.orange
     property color ink: Theme.orangeInk
     default property alias controls: side.data
@@ -46,6 +48,15 @@ Rectangle {
                 text: root.text
                 size: Theme.rowSize
                 color: root.title === "" ? Theme.ink : Theme.ink2
+                wrapMode: Text.WordWrap
+            }
+            Txt {
+                objectName: root.objectName + "Trouble"
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: root.trouble
+                size: Theme.rowSize
+                color: Theme.orangeInk
                 wrapMode: Text.WordWrap
             }
         }

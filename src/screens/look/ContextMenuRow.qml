@@ -7,6 +7,10 @@ T.MenuItem {
 
     property string symbol: ""
     property color tint: Theme.ink
+    property color symbolTint: tint
+    // The word stands where it would with a symbol.
+    property bool indented: false
+    readonly property bool truncated: (contentItem as ButtonFace)?.truncated ?? false
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 34
@@ -22,6 +26,8 @@ T.MenuItem {
         symbol: root.symbol
         text: root.text
         tint: root.tint
+        symbolTint: root.symbolTint
+        indented: root.indented
         leading: true
     }
 

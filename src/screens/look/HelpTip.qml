@@ -9,6 +9,8 @@ Rectangle {
     readonly property string text: Help.text
 
     objectName: "helpTip"
+    // Above menus, which the toolkit shows at 1000001.
+    z: 1000002
     width: words.width + 20
     height: words.height + 14
     radius: Theme.rowRadius

@@ -8,10 +8,13 @@ T.Button {
 
     property string symbol: ""
     property string help: ""
+    readonly property bool truncated: (contentItem as ButtonFace)?.truncated ?? false
     readonly property real light: down ? 0.94 : hovered ? 1.05 : 1
 
-    implicitWidth: implicitContentWidth + 36
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 40
+    leftPadding: 18
+    rightPadding: 18
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     opacity: enabled ? 1 : 0.45
@@ -39,7 +42,7 @@ T.Button {
     }
     HelpSpot {
         control: root
-        text: root.help
+        text: root.help !== "" ? root.help : root.truncated ? root.text : ""
         wanted: root.hovered || (root.activeFocus && Theme.keyboardLeads)
     }
 

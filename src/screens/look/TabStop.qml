@@ -14,9 +14,13 @@ T.Control {
             root.reached(root.focusReason !== Qt.BacktabFocusReason);
     }
 
-    // Takes the keyboard on from here.
+    // Takes the keyboard on from here, or back before it.
     function goOn(): void {
         root.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function goBack(): void {
+        root.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
     }
 
     Accessible.ignored: true

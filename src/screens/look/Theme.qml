@@ -65,6 +65,8 @@ QtObject {
     readonly property int quick: 120
     readonly property int steady: 220
     readonly property int calm: 260
+    // How soon after the first click of a double one the second may come.
+    readonly property int doubleClick: 400
     // How long the pointer rests on a control before its help stands.
     readonly property int patience: 600
 

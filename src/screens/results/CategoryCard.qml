@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Brindlet.Screens
 
 // One category; opens to its messages.
-Card {
+FoldingCard {
     id: root
 
     required property int index
@@ -24,10 +24,10 @@ Card {
     // The card opens once it knows them.
     property ReviewBars bars: null
     readonly property MessageSection section: loader.item as MessageSection
-    readonly property bool opened: expanded && bars !== null
     signal toggleAsked
 
     implicitHeight: column.implicitHeight
+    opened: expanded && bars !== null
 
     onOpenedChanged: {
         if (root.opened)

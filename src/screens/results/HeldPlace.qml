@@ -7,7 +7,7 @@ QtObject {
     id: root
 
     required property ScrollPage page
-    property CategoryCard card: null
+    property FoldingCard card: null
     property real lastY: 0
 
     onCardChanged: root.lastY = root.card !== null ? root.card.y : 0
@@ -33,7 +33,7 @@ QtObject {
     }
 
     function show(): void {
-        if (root.card !== null && root.card.section !== null)
+        if (root.card !== null && root.card.opened)
             root.page.reveal(root.card);
     }
 }

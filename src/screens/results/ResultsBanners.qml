@@ -10,12 +10,10 @@ ColumnLayout {
     // No category stands below.
     required property bool empty
 
-    visible: stopped.visible || moved.visible || nothing.visible || why.visible
+    visible: model.stopped || model.allMoved || model.nothing !== ""
     spacing: Theme.space3
 
     Banner {
-        id: stopped
-
         objectName: "stoppedBar"
         Layout.fillWidth: true
         visible: root.model.stopped
@@ -33,8 +31,6 @@ ColumnLayout {
         }
     }
     Banner {
-        id: moved
-
         objectName: "allMovedBar"
         Layout.fillWidth: true
         visible: root.model.allMoved
@@ -45,8 +41,6 @@ ColumnLayout {
         ink: Theme.greenInk
     }
     Banner {
-        id: nothing
-
         objectName: "nothingBar"
         Layout.fillWidth: true
         visible: root.model.nothing !== "" && !root.empty
@@ -56,8 +50,6 @@ ColumnLayout {
         ink: Theme.greenInk
     }
     EmptyResult {
-        id: why
-
         Layout.fillWidth: true
         visible: root.model.nothing !== "" && root.empty
         text: root.model.nothing

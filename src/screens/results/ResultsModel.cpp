@@ -9,10 +9,18 @@
 namespace brindlet::screens {
 
 ResultsModel::ResultsModel(AppState& state)
-    : state_(state), categories_(*this), messages_(state), undo_(state), offer_(state) {}
+    : state_(state),
+      categories_(*this),
+      messages_(state),
+      move_(state),
+      moved_(state),
+      undo_(state),
+      offer_(state) {}
 
 void ResultsModel::refresh() {
     refreshLists();
+    move_.refresh();
+    moved_.refresh();
     undo_.refresh();
     offer_.refresh();
     auto words = resultsWords(state_);
@@ -46,6 +54,7 @@ void ResultsModel::showOpenCategory() {
 
 void ResultsModel::leave() {
     closeCategory();
+    moved_.leave();
     shown_.reset();
 }
 

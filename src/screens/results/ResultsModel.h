@@ -8,6 +8,8 @@
 
 #include "screens/results/CategoriesModel.h"
 #include "screens/results/MessagesModel.h"
+#include "screens/results/MoveModel.h"
+#include "screens/results/MovedListModel.h"
 #include "screens/results/OfferModel.h"
 #include "screens/results/UndoModel.h"
 #include "words/CategoryWords.h"
@@ -46,6 +48,8 @@ class ResultsModel : public QObject {
     Q_PROPERTY(QString messagesName READ messagesName CONSTANT)
     Q_PROPERTY(brindlet::screens::CategoriesModel* categories READ categories CONSTANT)
     Q_PROPERTY(brindlet::screens::MessagesModel* messages READ messages CONSTANT)
+    Q_PROPERTY(brindlet::screens::MoveModel* move READ move CONSTANT)
+    Q_PROPERTY(brindlet::screens::MovedListModel* moved READ moved CONSTANT)
     Q_PROPERTY(brindlet::screens::UndoModel* undo READ undo CONSTANT)
     Q_PROPERTY(brindlet::screens::OfferModel* offer READ offer CONSTANT)
 
@@ -77,6 +81,8 @@ class ResultsModel : public QObject {
     QString messagesName() const;
     CategoriesModel* categories() { return &categories_; }
     MessagesModel* messages() { return &messages_; }
+    MoveModel* move() { return &move_; }
+    MovedListModel* moved() { return &moved_; }
     UndoModel* undo() { return &undo_; }
     OfferModel* offer() { return &offer_; }
 
@@ -120,6 +126,8 @@ class ResultsModel : public QObject {
     std::vector<CategoryRows> rows_;
     CategoriesModel categories_;
     MessagesModel messages_;
+    MoveModel move_;
+    MovedListModel moved_;
     UndoModel undo_;
     OfferModel offer_;
 };

@@ -28,8 +28,7 @@ FocusScope {
     }
     onFocusItemChanged: {
         if (page.holds(root.focusItem) && !(root.focusItem instanceof TabStop))
-            root.pageFocus = root.focusItem instanceof MessageRow ? root.focusItem.list
-                                                                  : root.focusItem;
+            root.pageFocus = root.listOf(root.focusItem) ?? root.focusItem;
     }
     onFocusLostChanged: lost.restart()
 
@@ -37,6 +36,18 @@ FocusScope {
         card.toggleAsked.connect(() => hold.card = card);
         card.sectionChanged.connect(() => root.noticeSection(card));
         card.bars = bars;
+    }
+
+    // Where the keyboard is, if that is a row.
+    function listOf(item: Item): RowList {
+        return (item as MessageRow)?.list ?? (item as MovedListRow)?.list ?? null;
+    }
+
+    function find(): void {
+        if (root.openCard === null || moved.hasKeyboard)
+            moved.find();
+        else
+            root.openCard.section.find();
     }
 
     function noticeSection(card: CategoryCard): void {
@@ -53,7 +64,7 @@ FocusScope {
         else if (root.openCard !== null)
             root.openCard.section.list.forceActiveFocus(Qt.BacktabFocusReason);
         else
-            (categories.itemAt(categories.count - 1) as CategoryCard).focusHeader();
+            lastStop.goBack();
     }
 
     // In the midst of the change that took it, the focus cannot be given back.
@@ -62,7 +73,11 @@ FocusScope {
 
         interval: 0
         onTriggered: {
-            if (root.focusLost && root.pageFocus !== null && root.pageFocus.visible)
+            if (!root.focusLost || root.pageFocus === null)
+                return;
+            if (moveBar.holds(root.pageFocus))
+                moveBar.takeKeyboard();
+            else if (root.pageFocus.visible)
                 root.pageFocus.forceActiveFocus();
         }
     }
@@ -73,8 +88,8 @@ FocusScope {
     }
     Shortcut {
         sequences: ["Ctrl+F"]
-        enabled: root.openCard !== null
-        onActivated: root.openCard.section.find()
+        enabled: root.openCard !== null || moved.opened
+        onActivated: root.find()
     }
     Connections {
         target: root.model
@@ -141,6 +156,12 @@ FocusScope {
                 lineHeight: 1.25
             }
         }
+        MoveBar {
+            id: moveBar
+
+            Layout.fillWidth: true
+            model: root.model.move
+        }
         ResultsBanners {
             Layout.fillWidth: true
             model: root.model
@@ -161,6 +182,13 @@ FocusScope {
 
             enabled: bars.shown && root.openCard === null
             onReached: forward => bars.enter(forward)
+        }
+        MovedSection {
+            id: moved
+
+            Layout.fillWidth: true
+            model: root.model.moved
+            onToggled: hold.card = moved
         }
     }
     HeldPlace {

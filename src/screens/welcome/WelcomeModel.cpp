@@ -5,7 +5,7 @@
 
 namespace brindlet::screens {
 
-WelcomeModel::WelcomeModel(AppState& state) : state_(state) {
+WelcomeModel::WelcomeModel(AppState& state) : state_(state), resume_(state) {
     std::vector<LinesModel::Line> badges;
     for (const auto& badge : words_.badges) badges.emplace_back(badge.symbol, badge.word);
     badges_.set(std::move(badges));
@@ -16,6 +16,11 @@ void WelcomeModel::refresh() {
     std::vector<LinesModel::Line> lines;
     for (const auto& link : homeLinks_) lines.emplace_back(link.symbol, link.text);
     links_.set(std::move(lines));
+    resume_.refresh();
+}
+
+void WelcomeModel::leave() {
+    resume_.leave();
 }
 
 QString WelcomeModel::symbol() const {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "screens/LinesModel.h"
+#include "screens/welcome/ResumeModel.h"
 #include "words/WelcomeWords.h"
 
 namespace brindlet {
@@ -24,11 +25,13 @@ class WelcomeModel : public QObject {
     Q_PROPERTY(QString startLabel READ startLabel CONSTANT)
     Q_PROPERTY(brindlet::screens::LinesModel* badges READ badges CONSTANT)
     Q_PROPERTY(brindlet::screens::LinesModel* links READ links CONSTANT)
+    Q_PROPERTY(brindlet::screens::ResumeModel* resume READ resume CONSTANT)
 
   public:
     explicit WelcomeModel(AppState& state);
 
     void refresh();
+    void leave();
 
     QString symbol() const;
     QString title() const;
@@ -36,6 +39,7 @@ class WelcomeModel : public QObject {
     QString startLabel() const;
     LinesModel* badges() { return &badges_; }
     LinesModel* links() { return &links_; }
+    ResumeModel* resume() { return &resume_; }
 
     Q_INVOKABLE void start();
     /// To where that link leads.
@@ -47,6 +51,7 @@ class WelcomeModel : public QObject {
     std::vector<HomeLink> homeLinks_;
     LinesModel badges_;
     LinesModel links_;
+    ResumeModel resume_;
 };
 
 }  // namespace brindlet::screens

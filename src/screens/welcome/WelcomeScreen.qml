@@ -6,6 +6,9 @@ HeroScreen {
     id: root
 
     required property WelcomeModel model
+    // All of it fits into the smallest window, whatever the banner has to say.
+    readonly property int gap: !banner.visible ? Theme.space7
+                             : height < 700 ? Theme.space4 : Theme.space6
 
     objectName: "welcomeScreen"
     symbol: model.symbol
@@ -30,17 +33,29 @@ HeroScreen {
             }
         }
     }
+    ResumeBanner {
+        id: banner
+
+        objectName: "resumeBanner"
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: Math.min(root.gap, Theme.space5)
+        Layout.preferredWidth: 760
+        model: root.model.resume
+        onForgotten: start.forceActiveFocus()
+    }
     OrbButton {
+        id: start
+
         objectName: "start"
         Layout.alignment: Qt.AlignHCenter
-        Layout.topMargin: Theme.space7
+        Layout.topMargin: root.gap
         text: root.model.startLabel
         focus: true
         onClicked: root.model.start()
     }
     Row {
         Layout.alignment: Qt.AlignHCenter
-        Layout.topMargin: Theme.space6
+        Layout.topMargin: Math.min(root.gap, Theme.space6)
         spacing: Theme.space2
 
         Repeater {

@@ -1,0 +1,6 @@
+import Brindlet.Screens
+
+// A card that opens to what it holds.
+Card {
+    property bool opened: false
+}

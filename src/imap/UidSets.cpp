@@ -10,7 +10,7 @@ std::vector<std::string> pieces(const std::vector<std::uint32_t>& uids) {
     std::vector<std::string> pieces;
     for (std::size_t first = 0; first < uids.size();) {
         std::size_t last = first;
-        while (last + 1 < uids.size() && uids[last + 1] == std::uint64_t{uids[last]} + 1) ++last;
+        while (last + 1 < uids.size() && uids[last + 1] == uids[last] + 1) ++last;
         pieces.push_back(std::to_string(uids[first]));
         if (last > first) pieces.back() += ':' + std::to_string(uids[last]);
         first = last + 1;

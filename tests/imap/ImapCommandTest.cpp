@@ -10,7 +10,7 @@ using namespace std::string_literals;
 TEST(ImapCommand, NumbersItsTagsWithThreeDigitsAtLeast) {
     Transcript transcript = greeted();
     for (int i = 1; i <= 1001; ++i) {
-        char tag[8];
+        char tag[16];
         std::snprintf(tag, sizeof tag, "a%03d", i);
         transcript.hears(tag + " SELECT \"x\""s).says(tag + " OK\r\n"s);
     }
@@ -39,13 +39,14 @@ TEST(ImapCommand, SucceedsWhenItsLastLineSaysSo) {
         doubles::eachCut(
             greeted()
                 .hears("a001 SELECT \"x\"")
-                .says("* OK still here\r\n* NO a warning\r\n" + row.last + "\r\n"),
+                .says("* OK still here\r\na0010 OK\r\na001\r\n" + row.last + "\r\n"),
             [&](TranscriptConnector& connector) {
                 Imap imap = connected(connector);
                 const auto lines = imap.command("SELECT \"x\"");
                 EXPECT_EQ(failed(lines), row.good ? Imap::Failed() : protocolError(row.last));
                 if (lines) {
-                    EXPECT_EQ(*lines, (Imap::Lines{"* OK still here", "* NO a warning", row.last}));
+                    EXPECT_EQ(*lines,
+                              (Imap::Lines{"* OK still here", "a0010 OK", "a001", row.last}));
                 }
                 EXPECT_EQ(connector.strayed(), "");
             });

@@ -14,9 +14,19 @@ void overwrite(char* bytes, std::size_t size) {
 
 }  // namespace
 
-Secret::Secret(std::string_view text)
-    : bytes_(std::make_unique<char[]>(text.size())), size_(text.size()) {
+Secret::Secret(std::size_t size) : bytes_(std::make_unique<char[]>(size)), size_(size) {}
+
+Secret::Secret(std::string_view text) : Secret(text.size()) {
     std::copy(text.begin(), text.end(), bytes_.get());
+}
+
+Secret Secret::joined(const std::vector<std::string_view>& parts) {
+    std::size_t size = 0;
+    for (const auto part : parts) size += part.size();
+    Secret whole(size);
+    char* end = whole.bytes_.get();
+    for (const auto part : parts) end = std::copy(part.begin(), part.end(), end);
+    return whole;
 }
 
 Secret::~Secret() {

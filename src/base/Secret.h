@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brindlet {
 
@@ -14,6 +15,8 @@ class Secret {
     Secret() = default;
     /// The caller's own copy stays the caller's to wipe.
     explicit Secret(std::string_view text);
+    /// The parts one after another.
+    static Secret joined(const std::vector<std::string_view>& parts);
     ~Secret();
     Secret(Secret&& other) noexcept;
     Secret& operator=(Secret&& other) noexcept;
@@ -22,6 +25,7 @@ class Secret {
     bool empty() const { return size_ == 0; }
 
   private:
+    explicit Secret(std::size_t size);
     void wipe();
 
     std::unique_ptr<char[]> bytes_;

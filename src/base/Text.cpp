@@ -112,11 +112,13 @@ bool isDecimalDigit(char32_t c) {
     return u_charType(static_cast<UChar32>(c)) == U_DECIMAL_DIGIT_NUMBER;
 }
 
+bool isNumber(char32_t c) {
+    return u_getIntPropertyValue(static_cast<UChar32>(c), UCHAR_NUMERIC_TYPE) != U_NT_NONE;
+}
+
 bool isLetterOrNumber(char32_t c) {
     if (c < 0x80) return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-    const auto point = static_cast<UChar32>(c);
-    return u_hasBinaryProperty(point, UCHAR_ALPHABETIC) ||
-           u_getIntPropertyValue(point, UCHAR_NUMERIC_TYPE) != U_NT_NONE;
+    return u_hasBinaryProperty(static_cast<UChar32>(c), UCHAR_ALPHABETIC) || isNumber(c);
 }
 
 std::string_view trimBlanks(std::string_view text) {

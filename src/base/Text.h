@@ -27,6 +27,8 @@ bool isBlankOrNewline(char32_t c);
 bool isWhiteSpace(char32_t c);
 /// A decimal digit (Nd) of any script.
 bool isDecimalDigit(char32_t c);
+/// Of any numeric type: a digit of any script, "½", "²", a CJK numeral.
+bool isNumber(char32_t c);
 /// Alphabetic, or of any numeric type ("½", "²", CJK numerals).
 bool isLetterOrNumber(char32_t c);
 

@@ -20,7 +20,8 @@ class TlsStream {
     using Failure = std::optional<std::string>;
 
     struct Received {
-        /// Nothing at all, without an end or a failure, only means that it is to be asked again.
+        /// When there are any, an end or a failure beside them waits: the next call tells it again.
+        /// Nothing at all, without either, only means that it is to be asked again.
         std::string bytes;
         /// Nothing more will come.
         bool ended = false;
@@ -33,7 +34,8 @@ class TlsStream {
     virtual Failure connect() = 0;
     /// All of the bytes.
     virtual Failure send(std::string_view bytes) = 0;
-    /// At least one byte, at most `most`; what came before the end or a failure comes first.
+    /// Waits for a byte, and takes what is there, at most `most`. What came before the end or a
+    /// failure comes first.
     virtual Received receive(std::size_t most) = 0;
     /// Ends the connection, and at once what blocks in another thread. More than once is as once.
     virtual void cancel() = 0;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/Date.h"
-#include "stores/KeyPool.h"
+#include "base/KeyPool.h"
 
 namespace brindlet {
 

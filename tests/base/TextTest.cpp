@@ -76,6 +76,13 @@ TEST(ContainsDecimalDigit, CountsDigitsOfEveryScriptButNoOtherNumbers) {
     EXPECT_FALSE(containsDecimalDigit(""));
 }
 
+TEST(IsNumber, CountsEveryNumericTypeAndNoLetters) {
+    for (const char32_t c : {U'0', U'9', U'\u0663', U'\u00BD', U'\u00B2', U'\u2163', U'\u4E09'})
+        EXPECT_TRUE(isNumber(c)) << static_cast<unsigned>(c);
+    for (const char32_t c : {U'a', U' ', U'-', U'\u00E9', U'\u0301', U'\uFFFD'})
+        EXPECT_FALSE(isNumber(c)) << static_cast<unsigned>(c);
+}
+
 TEST(ParseInt64, TakesOneSignAndAsciiDigitsAndNothingElse) {
     using Row = std::pair<const char*, std::optional<std::int64_t>>;
     const Row rows[] = {

@@ -1,4 +1,4 @@
-#include "stores/KeyPool.h"
+#include "base/KeyPool.h"
 
 #include <algorithm>
 

@@ -44,7 +44,7 @@ struct Reader {
         : directories(home, world.directories.temporary()),
           store({world.clock, directories, world.mainQueue, world.defaults, world.model,
                  world.power, world.desktop, world.locale, world.processes, world.runningApps,
-                 world.scriptHost}) {}
+                 world.keys, world.tls, world.scriptHost}) {}
     doubles::World world;
     FixedDirectories directories;
     MailStore store;

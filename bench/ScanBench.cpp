@@ -167,10 +167,19 @@ int main(const std::string& sample, int scans) {
     world.defaults.setString("scan.reach", "everything");
     world.defaults.setInteger("scan.limit", 0);
     world.defaults.setBoolean("skipSeen", false);
-    const Services services{
-        clock,           places,        loop,         world.defaults,  model,
-        world.power,     world.desktop, world.locale, world.processes, world.runningApps,
-        world.scriptHost};
+    const Services services{clock,
+                            places,
+                            loop,
+                            world.defaults,
+                            model,
+                            world.power,
+                            world.desktop,
+                            world.locale,
+                            world.processes,
+                            world.runningApps,
+                            world.keys,
+                            world.tls,
+                            world.scriptHost};
     const auto target = fullest(MailStore(services));
     if (!target) {
         std::fprintf(stderr, "There is no mail in %s.\n", sample.c_str());

@@ -7,12 +7,14 @@ namespace brindlet {
 class Clock;
 class Desktop;
 class Directories;
+class KeyStore;
 class LanguageModel;
 class Locale;
 class MainQueue;
 class Power;
 class ProcessRunner;
 class RunningApps;
+class TlsConnector;
 class UserDefaults;
 
 /// All seams together, and the one setting that goes with them. A program's own main makes the
@@ -28,6 +30,8 @@ struct Services {
     Locale& locale;
     ProcessRunner& processes;
     RunningApps& runningApps;
+    KeyStore& keys;
+    TlsConnector& tls;
     /// The program that runs the scripts for the mail program.
     std::string scriptHost;
 };

@@ -48,7 +48,8 @@ AppState::AppState(Services services, int readers)
       readers_(readers),
       mail_(std::make_shared<const MailStore>(services)),
       classifier_(std::make_shared<const Classifier>(services.model)),
-      mover_(std::make_shared<Mover>(services)) {
+      mover_(std::make_shared<Mover>(services)),
+      gmail_(std::make_shared<Gmail>(services.keys, services.tls)) {
     seen.attribute(history);
 }
 

@@ -17,6 +17,7 @@
 #include "base/Observable.h"
 #include "base/Task.h"
 #include "classify/Classifier.h"
+#include "gmail/Gmail.h"
 #include "mail/MailAccount.h"
 #include "mail/MailStore.h"
 #include "mail/Reach.h"
@@ -89,6 +90,13 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     /// What goes on when the load of the accounts ends.
     bool retryMoveOnLoad = false;
     bool retryResumeOnLoad = false;
+    /// Addresses of the Gmail accounts that Brindlet may file mail of by itself.
+    Published<std::set<std::string>> gmailConnected{*this};
+    /// The account whose question about Gmail is open.
+    Published<std::optional<MailAccount>> askingGmail{*this};
+    GmailThen askThen = GmailThen::nothing;
+    /// Addresses whose question was answered with no, for as long as the program runs.
+    std::set<std::string> declinedGmail;
     Published<std::optional<MailAccount>> account{*this};
     Published<std::optional<MailFolder>> folder{*this};
     /// The most messages that one scan takes; 0 or less means no cap.
@@ -209,6 +217,15 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     void putBackMoved();
     /// True when the person has to be asked first; what was asked for then goes on with the answer.
     bool askGmailIfNeeded(const std::optional<MailAccount>& account, GmailThen then);
+    /// The two answers.
+    void gmailLinked(const MailAccount& account);
+    void gmailDeclined(const MailAccount& account);
+    /// Asks again, though it was answered before; nothing goes on with the answer.
+    void connectGmail(const MailAccount& account);
+    /// Forgets the account's app password, in the background.
+    void disconnectGmail(const MailAccount& account);
+    /// For testing and saving an app password. It outlives the session.
+    const std::shared_ptr<Gmail>& gmail() const { return gmail_; }
     /// Where the selected account's junk goes.
     std::string destinationName() const;
     /// Whose `stopMove` ends the running move.
@@ -257,7 +274,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
 
     AppState(Services services, int readers);
     void observeStores();
-    void adoptAccounts(std::vector<MailAccount> loaded);
+    void adoptAccounts(std::vector<MailAccount> loaded, std::set<std::string> connected);
     void matchPendingLabel();
     void adoptRefreshedFolders(std::vector<MailAccount> loaded);
     void endRun();
@@ -309,10 +326,14 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     void resumeMove(Caller caller);
     void beginMoving(std::size_t messages, const char* words);
     void runMover(Mover::Request request, MoveRoute route, std::string movingWords,
-                  std::function<void(AppState&, const MoveOutcome&)> book);
+                  std::function<void(AppState&, const MoveOutcome&)> book,
+                  std::function<bool()> instead = {});
     void showMoveProgress(Mover::Phase phase, std::int64_t count, std::int64_t of,
                           const std::string& source, const std::string& movingWords);
     void finishMove(const MoveRun& run, const MoveOutcome& outcome);
+    std::function<bool()> filingThroughGmail(const MoveRun& run);
+    void finishFiling(const MoveRun& run, const Gmail::Filed& filed);
+    void goOnAfterGmail();
     void finishResume(const MoveRun& run, const MoveOutcome& outcome);
     void finishPutBack(const MoveRun& run, const MoveOutcome& outcome);
     void takeOut(const std::vector<const Verdict*>& gone);
@@ -326,6 +347,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::shared_ptr<const MailStore> mail_;
     std::shared_ptr<const Classifier> classifier_;
     std::shared_ptr<Mover> mover_;
+    std::shared_ptr<Gmail> gmail_;
     std::vector<Subscription> childObservers_;
     std::optional<Task> task_;
     std::uint64_t scanNumber_ = 0;  // tells the present scan from one that a newer has replaced

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "mail/GmailAccount.h"
 #include "platform/Clock.h"
 #include "platform/MainQueue.h"
 #include "session/AccountMatch.h"
@@ -13,15 +14,21 @@ void AppState::loadAccounts(bool force) {
     if (*loadingAccounts) return;
     loadingAccounts.set(true);
     (void)Task::start(TaskPriority::userInitiated, [weak = weak_from_this(), mail = mail_,
+                                                    gmail = gmail_,
                                                     &queue = services_.mainQueue](const auto&) {
         auto loaded = mail->loadAccounts(true, true);
-        queue.post([weak, loaded = std::move(loaded)]() mutable {
-            if (const auto self = weak.lock()) self->adoptAccounts(std::move(loaded));
+        std::set<std::string> connected;
+        for (const auto& each : loaded)
+            if (isGmail(each) && gmail->hasAppPassword(each.address))
+                connected.insert(each.address);
+        queue.post([weak, loaded = std::move(loaded), connected = std::move(connected)]() mutable {
+            if (const auto self = weak.lock())
+                self->adoptAccounts(std::move(loaded), std::move(connected));
         });
     });
 }
 
-void AppState::adoptAccounts(std::vector<MailAccount> loaded) {
+void AppState::adoptAccounts(std::vector<MailAccount> loaded, std::set<std::string> connected) {
     accounts.set(std::move(loaded));
     if (pendingAccountLabel) matchPendingLabel();
     if (!*account && !accounts->empty()) account.set(accounts->front());
@@ -35,6 +42,7 @@ void AppState::adoptAccounts(std::vector<MailAccount> loaded) {
     }
     if (std::exchange(retryMoveOnLoad, false) && *account) startMove(Caller::load);
     if (std::exchange(retryResumeOnLoad, false)) resumeMove(Caller::load);
+    gmailConnected.set(std::move(connected));
 }
 
 void AppState::matchPendingLabel() {

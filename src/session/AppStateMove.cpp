@@ -32,11 +32,6 @@ bool AppState::allowsUIMove() const {
     return services_.defaults.boolean(allowUIMoveKey).value_or(false);
 }
 
-// Every account is filed through the mail program, so there is nothing to ask.
-bool AppState::askGmailIfNeeded(const std::optional<MailAccount>&, GmailThen) {
-    return false;
-}
-
 void AppState::startMove() {
     startMove(Caller::person);
 }
@@ -81,7 +76,8 @@ void AppState::startMove(Caller caller) {
     runMover(
         std::move(request), moveRoute(run.account, run.destination, allowsUIMove()),
         moves::movingInto(run.destination),
-        [run](AppState& state, const MoveOutcome& outcome) { state.finishMove(run, outcome); });
+        [run](AppState& state, const MoveOutcome& outcome) { state.finishMove(run, outcome); },
+        filingThroughGmail(run));
 }
 
 void AppState::beginMoving(std::size_t messages, const char* words) {
@@ -94,14 +90,16 @@ void AppState::beginMoving(std::size_t messages, const char* words) {
 }
 
 /// Runs the mover on a thread of its own. `book` is called on the main thread when it has returned,
-/// before the task ends.
+/// before the task ends. `instead`, if there is one, may do all of that and return true.
 void AppState::runMover(Mover::Request request, MoveRoute route, std::string movingWords,
-                        std::function<void(AppState&, const MoveOutcome&)> book) {
+                        std::function<void(AppState&, const MoveOutcome&)> book,
+                        std::function<bool()> instead) {
     moveTask_ = Task::start(
         TaskPriority::userInitiated,
         [weak = weak_from_this(), mover = mover_, &queue = services_.mainQueue, route,
-         request = std::move(request), movingWords = std::move(movingWords),
-         book = std::move(book)](const CancelToken&) {
+         request = std::move(request), movingWords = std::move(movingWords), book = std::move(book),
+         instead = std::move(instead)](const CancelToken&) {
+            if (instead && instead()) return;
             const auto report = [&](Mover::Phase phase, std::int64_t count, std::int64_t of) {
                 queue.post([weak, phase, count, of, source = request.source, movingWords] {
                     const auto self = weak.lock();

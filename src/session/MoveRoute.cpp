@@ -11,6 +11,11 @@ MoveRoute moveRoute(const MailAccount& account, const std::string& destination, 
     return allowUIMove && isLabelFolder(destination, account) ? MoveRoute::menu : MoveRoute::script;
 }
 
+bool mayFileThroughGmail(const MailAccount& account, const std::string& destination,
+                         bool fromJunk) {
+    return !fromJunk && isGmail(account) && !destination.starts_with("[Gmail]");
+}
+
 std::string moveDestination(const MailAccount& account, bool fromJunk,
                             const std::optional<std::string>& saved) {
     if (!fromJunk) return junkDestination(account, saved);

@@ -10,6 +10,7 @@ namespace brindlet::moves {
 
 inline constexpr const char* matching = "Matching this scan to its account - a few seconds.";
 inline constexpr const char* finding = "Finding them in Mail";
+inline constexpr const char* filing = "Filing through Gmail";
 inline constexpr const char* resuming = "Picking up where it stopped";
 inline constexpr const char* puttingBack = "Putting them back";
 inline constexpr const char* mailClosed = "Mail isn't open. Open Mail, then try again.";

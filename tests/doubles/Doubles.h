@@ -13,7 +13,9 @@
 #include <vector>
 
 #include "base/ThreadSafety.h"
+#include "doubles/MapKeyStore.h"
 #include "doubles/ScriptedProcessRunner.h"
+#include "doubles/Transcript.h"
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
 #include "platform/Directories.h"
@@ -220,11 +222,14 @@ struct World {
     FixedLocale locale;
     ScriptedProcessRunner processes;
     SettableRunningApps runningApps;
+    MapKeyStore keys;
+    /// Nobody answers until a test adds a transcript.
+    TranscriptConnector tls{std::vector<Transcript>{}};
     std::string scriptHost = "/doubles/osascript";
 
     Services services() {
-        return {clock,   directories, mainQueue, defaults,    model,     power,
-                desktop, locale,      processes, runningApps, scriptHost};
+        return {clock,  directories, mainQueue,   defaults, model, power,     desktop,
+                locale, processes,   runningApps, keys,     tls,   scriptHost};
     }
 
     /// A world that lasts as long as the process, as the real adapters do: for tests whose subject

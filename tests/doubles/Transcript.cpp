@@ -111,6 +111,11 @@ TranscriptConnector::TranscriptConnector(std::vector<Transcript> transcripts) {
     for (Transcript& transcript : transcripts) conversations_.push_back({std::move(transcript)});
 }
 
+void TranscriptConnector::add(Transcript transcript) {
+    Lock lock(mutex_);
+    conversations_.push_back({std::move(transcript)});
+}
+
 std::shared_ptr<TlsStream> TranscriptConnector::make(const std::string& host, std::uint16_t port) {
     Lock lock(mutex_);
     made_.push_back(host + ':' + std::to_string(port));

@@ -61,6 +61,8 @@ class TranscriptConnector : public TlsConnector {
 
     std::shared_ptr<TlsStream> make(const std::string& host, std::uint16_t port) override;
 
+    /// Another conversation, after those that are waiting.
+    void add(Transcript transcript);
     void setCut(Cut cut) { cut_ = std::move(cut); }
     /// Blocks until a client is blocked by its transcript.
     void waitForBlock();

@@ -103,7 +103,7 @@ TEST(IndexSnapshot, IsTakenAfreshForEveryReadAndTwiceForAnEmptyMailbox) {
     doubles::World& world = home.world;
     const MailStore store({world.clock, directories, world.mainQueue, world.defaults, world.model,
                            world.power, world.desktop, world.locale, world.processes,
-                           world.runningApps, world.scriptHost});
+                           world.runningApps, world.keys, world.tls, world.scriptHost});
     EXPECT_EQ(store.messages(1, 0, 0).size(), 1u);
     EXPECT_EQ(directories.copies, 1);
     store.correspondents();

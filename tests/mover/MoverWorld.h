@@ -52,7 +52,7 @@ struct MoverWorld : doubles::World {
 
     PassingClock passing;
     Mover mover{Services{passing, directories, mainQueue, defaults, model, power, desktop, locale,
-                         processes, runningApps, scriptHost}};
+                         processes, runningApps, keys, tls, scriptHost}};
     Mover::Request request{{{11, "a@x"}, {12, "b@x"}, {13, "c@x"}},
                            {"A1", "ann@home.example", "Home", {}},
                            "INBOX",

@@ -43,7 +43,7 @@ class SampleDiscovery : public testing::Test {
     doubles::World& world_ = home_.world;
     const MailStore store_{{world_.clock, world_.directories, world_.mainQueue, world_.defaults,
                             world_.model, world_.power, world_.desktop, world_.locale, processes_,
-                            world_.runningApps, BRINDLET_OSASCRIPT}};
+                            world_.runningApps, world_.keys, world_.tls, BRINDLET_OSASCRIPT}};
 };
 
 TEST_F(SampleDiscovery, EveryAccountHasItsNameAndItsAddress) {

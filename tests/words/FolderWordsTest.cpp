@@ -78,9 +78,9 @@ TEST(FolderWords, RelativeWordsAreFromNowBackToTheScan) {
     } locale;
     doubles::World world;
     auto& w = world;
-    const auto state =
-        AppState::make(Services{w.clock, w.directories, w.mainQueue, w.defaults, w.model, w.power,
-                                w.desktop, locale, w.processes, w.runningApps, w.scriptHost});
+    const auto state = AppState::make(Services{w.clock, w.directories, w.mainQueue, w.defaults,
+                                               w.model, w.power, w.desktop, locale, w.processes,
+                                               w.runningApps, w.keys, w.tls, w.scriptHost});
     state->account.set(MailAccount{"A1", "ann@x.com", "", {}});
     const auto words = folderWords(*state, Session::folder(Role::inbox, "INBOX"),
                                    {{"ann@x.com|INBOX", world.clock.now() - 3600}});

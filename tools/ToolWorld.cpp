@@ -6,6 +6,17 @@
 #include "base/Files.h"
 
 namespace brindlet::tools {
+namespace {
+
+class NoConnection : public TlsStream {
+  public:
+    Failure connect() override { return "cancelled"; }
+    Failure send(std::string_view) override { return "cancelled"; }
+    Received receive(std::size_t) override { return {{}, true, "cancelled"}; }
+    void cancel() override {}
+};
+
+}  // namespace
 
 ToolDirectories::ToolDirectories(std::string home, std::optional<std::string> store)
     : home_(std::move(home)) {
@@ -18,6 +29,10 @@ ToolDirectories::ToolDirectories(std::string home, std::optional<std::string> st
 ToolDirectories::~ToolDirectories() {
     std::error_code ignored;
     if (!temporary_.empty()) std::filesystem::remove_all(temporary_, ignored);
+}
+
+std::shared_ptr<TlsStream> NoConnections::make(const std::string&, std::uint16_t) {
+    return std::make_shared<NoConnection>();
 }
 
 std::string ToolDirectories::store() const {

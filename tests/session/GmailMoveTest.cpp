@@ -11,8 +11,8 @@ constexpr const char* address = "ann@x.example";
 /// Ads to move out of the inbox of a Gmail account.
 class GmailMove : public MoveTest {
   protected:
-    void showGmail(int count, MailFolder::Role role = MailFolder::Role::inbox) {
-        showAds(count, role);
+    void showGmail(int count, MailFolder::Role folderRole = MailFolder::Role::inbox) {
+        showAds(count, folderRole);
         MailFolder all;
         all.id = 77;
         all.name = "[Gmail]/All Mail";

@@ -214,6 +214,7 @@ TEST_F(MoveTest, TheMenuIsUsedOnlyWhereAMoveWouldTagAndThePersonAllowsIt) {
     showAds(1);
     const MailFolder label{5, "[Gmail]/All Mail", 3, MailFolder::Role::archive};
     selectAccount("ann@x.example", {inbox(), label});
+    state->declinedGmail = {"ann@x.example"};
     auto none = landing({});
     none.error = "stop here";
     script(none);

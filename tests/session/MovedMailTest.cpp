@@ -74,9 +74,9 @@ struct MailWorld {
         EXPECT_TRUE(home.finish());
         ::setenv(sample::sampleHomeVariable, home.home().c_str(), 1);
         auto& [manual, directories, queue, defaults, model, power, desktop, locale, scripted, apps,
-               host] = doubles;
+               keys, tls, host] = doubles;
         state = AppState::make({clock, directories, queue, defaults, model, power, desktop, locale,
-                                processes, apps, BRINDLET_OSASCRIPT});
+                                processes, apps, keys, tls, BRINDLET_OSASCRIPT});
         state->loadAccounts(true);
         EXPECT_TRUE(queue.pumpUntil([this] { return !*state->loadingAccounts; }));
         EXPECT_EQ(state->account.get()->address, "robin@harbour.example");

@@ -28,21 +28,24 @@ LiteralMark literalMark(std::string_view line) {
 }
 
 ImapInput::Event ImapInput::next() {
-    if (line_ > bytes_.size()) return Event::none;
-    const std::size_t end = bytes_.find('\n', line_);
-    if (end == std::string::npos) return bytes_.size() > mostBytes ? Event::tooMuch : Event::none;
-    std::string_view text = std::string_view(bytes_).substr(0, end);
-    if (text.ends_with('\r')) text.remove_suffix(1);
-    const LiteralMark mark = literalMark(text.substr(std::min(line_, text.size())));
-    if (mark.length > 0) {
+    while (line_ <= bytes_.size()) {
+        const std::size_t end = bytes_.find('\n', line_);
+        if (end == std::string::npos)
+            return bytes_.size() > mostBytes ? Event::tooMuch : Event::none;
+        std::string_view line = std::string_view(bytes_).substr(line_, end - line_);
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        const LiteralMark mark = literalMark(line);
+        if (mark.length == 0) {
+            command_ = bytes_.substr(0, line_) + std::string(line);
+            bytes_.erase(0, end + 1);
+            line_ = 0;
+            return Event::command;
+        }
         if (mark.size > mostBytes || end > mostBytes) return Event::tooMuch;
         line_ = end + 1 + mark.size;
-        return mark.waits ? Event::literal : next();
+        if (mark.waits) return Event::literal;
     }
-    command_ = text;
-    bytes_.erase(0, end + 1);
-    line_ = 0;
-    return Event::command;
+    return Event::none;
 }
 
 }  // namespace brindlet::sample

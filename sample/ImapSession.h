@@ -20,7 +20,7 @@ struct ImapFaults {
     std::int64_t no = 0;
     std::int64_t bad = 0;
     /// The server says farewell instead; 0 makes it the greeting.
-    std::optional<std::int64_t> bye;
+    std::optional<std::int64_t> bye = {};
     /// Before each last line of an answer comes another one, of so many bytes.
     std::int64_t hugeLine = 0;
     /// Each last line of an answer ends in bytes that are no UTF-8.

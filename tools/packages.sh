@@ -11,7 +11,7 @@ build_packages=(
 # The lint of the QML reads the types of one module more than the program loads.
 # The last three are a desktop that nobody sees, for the program as a screen reader finds it.
 test_packages=(
-    libgtest-dev python3 qml6-module-qtqml-models valgrind
+    libgtest-dev curl python3 qml6-module-qtqml-models valgrind
     xvfb dbus-daemon at-spi2-core
 )
 full_packages=(clang-19 lld-19 llvm-19 libclang-rt-19-dev)

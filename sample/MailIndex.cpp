@@ -69,8 +69,13 @@ struct MailIndex::State {
                         "SELECT g.message_id_header FROM messages m JOIN message_global_data g"
                         " ON g.ROWID = m.global_message_id WHERE m.ROWID = ?1"};
     Statement filedIn{database, "SELECT mailbox FROM messages WHERE ROWID = ?1"};
+    Statement marks{database, "SELECT read, flagged FROM messages WHERE ROWID = ?1"};
+    Statement labels{database,
+                     "SELECT mailbox_id FROM labels WHERE message_id = ?1 ORDER BY mailbox_id"};
+    // The message may have got another row from somebody else by now.
     Statement addLabel{database,
-                       "INSERT OR IGNORE INTO labels (message_id, mailbox_id) VALUES (?1, ?2)"};
+                       "INSERT OR IGNORE INTO labels (message_id, mailbox_id)"
+                       " SELECT ROWID, ?2 FROM messages WHERE ROWID = ?1"};
     Statement removeLabel{database, "DELETE FROM labels WHERE message_id = ?1 AND mailbox_id = ?2"};
     Statement nextRow{database,
                       "SELECT 1 + MAX(COALESCE((SELECT MAX(ROWID) FROM messages), 0), COALESCE("
@@ -191,6 +196,21 @@ std::int64_t MailIndex::filedIn(std::int64_t message) {
     const std::int64_t mailbox = row.step() ? row.integer(0) : 0;
     row.reset();
     return mailbox;
+}
+
+std::optional<MailIndex::Marks> MailIndex::marks(std::int64_t message) {
+    Statement& row = state_->marks.number(1, message);
+    std::optional<Marks> marks;
+    if (row.step()) marks = {row.integer(0) != 0, row.integer(1) != 0};
+    row.reset();
+    return marks;
+}
+
+std::vector<std::int64_t> MailIndex::labels(std::int64_t message) {
+    Statement& rows = state_->labels.number(1, message);
+    std::vector<std::int64_t> all;
+    while (rows.step()) all.push_back(rows.integer(0));
+    return all;
 }
 
 void MailIndex::addLabel(std::int64_t message, std::int64_t mailbox) {

@@ -39,6 +39,16 @@ class MailIndex {
     /// The mailbox that a message is filed in; 0 when it is not there.
     std::int64_t filedIn(std::int64_t message);
 
+    struct Marks {
+        bool read = false;
+        bool flagged = false;
+    };
+    /// None when the message is not there.
+    std::optional<Marks> marks(std::int64_t message);
+
+    /// The mailboxes that a message is labelled with, in the order of their rows.
+    std::vector<std::int64_t> labels(std::int64_t message);
+    /// Nothing becomes of it when the message is not there.
     void addLabel(std::int64_t message, std::int64_t mailbox);
     void removeLabel(std::int64_t message, std::int64_t mailbox);
 

@@ -8,6 +8,7 @@
 #include "base/Files.h"
 #include "base/Text.h"
 #include "mail/PercentEncoding.h"
+#include "sample/GmailLabels.h"
 #include "sample/MailLayout.h"
 
 namespace brindlet::sample {
@@ -18,8 +19,6 @@ bool isGmailBin(std::string_view path) {
     constexpr std::array<std::string_view, 3> bins{"[Gmail]/Spam", "[Gmail]/Trash", "[Gmail]/Bin"};
     return std::find(bins.begin(), bins.end(), path) != bins.end();
 }
-
-constexpr std::string_view allMail = "[Gmail]/All Mail";
 
 }  // namespace
 
@@ -117,6 +116,16 @@ MessageMover::Place SimulatedMail::place(const Mailbox& mailbox) const {
             root + mailboxDataDirectory(settings_.accounts[mailbox.account].id, mailbox.path)};
 }
 
+std::optional<std::string> SimulatedMail::messageFile(std::int64_t message) {
+    const auto filed = mailbox(index_->filedIn(message));
+    if (!filed) return std::nullopt;
+    const std::string folder = messageDirectory(place(*filed).data, message) + '/';
+    for (const FileKind kind : {FileKind::whole, FileKind::partial})
+        if (std::string path = folder + messageFileName(message, kind); files::exists(path))
+            return path;
+    return std::nullopt;
+}
+
 bool SimulatedMail::move(std::int64_t message, std::int64_t from, std::int64_t to, MovedBy by) {
     const auto source = mailbox(from);
     const auto destination = mailbox(to);
@@ -135,14 +144,14 @@ bool SimulatedMail::moveLabel(std::int64_t message, const Mailbox& from, const M
     if (!filed) return false;
     if (isGmailBin(filed->path)) {
         // Out of Spam or the bin it goes back among all the others, with the label alone.
-        const auto all = mailboxAt(to.account, allMail);
+        const auto all = mailboxAt(to.account, gmailAllMail);
         if (!all || all->row == to.row) return refileInTime(message, to.row);
         const std::int64_t row = refile(message, all->row);
         if (row != 0) index_->addLabel(row, to.row);
         return row != 0;
     }
     if (filed->row == to.row) return true;
-    const bool leaves = by == MovedBy::person && from.path != allMail;
+    const bool leaves = by == MovedBy::person && from.path != gmailAllMail;
     if (leaves && filed->row == from.row) return refileInTime(message, to.row);
     index_->addLabel(message, to.row);
     if (leaves) index_->removeLabel(message, from.row);

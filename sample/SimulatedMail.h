@@ -54,6 +54,9 @@ class SimulatedMail {
 
     MailIndex& index() { return *index_; }
 
+    /// The path of a message's file; none when it has none, or is not there.
+    std::optional<std::string> messageFile(std::int64_t message);
+
     /// Who moves: on a Gmail account a script only adds a label, and a person takes the old one
     /// off.
     enum class MovedBy { script, person };

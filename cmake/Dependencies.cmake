@@ -10,6 +10,7 @@ pkg_check_modules(OPENSSL REQUIRED IMPORTED_TARGET openssl>=3.0)
 
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
   pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0 gio-unix-2.0)
+  pkg_check_modules(LIBSECRET REQUIRED IMPORTED_TARGET libsecret-1)
 endif()
 
 if(BRINDLET_TESTS)

@@ -66,11 +66,9 @@ HeldSsl<SSL_CTX> makeTlsContext(const TlsAuthorities& trusted) {
     demandVersion(*context);
     SSL_CTX_set_verify(context.get(), SSL_VERIFY_PEER, nullptr);
     SSL_CTX_set_session_cache_mode(context.get(), SSL_SESS_CACHE_OFF);
-    // A send that could not go on is repeated from a text that may have moved, and buffers are
-    // given back between records: what a password passed through does not lie about.
+    // A send that could not go on is repeated with the bytes that are left.
     SSL_CTX_set_mode(context.get(), SSL_MODE_ENABLE_PARTIAL_WRITE |
-                                        SSL_MODE_ACCEPT_MOVING_WRITE_BUFFER |
-                                        SSL_MODE_RELEASE_BUFFERS | SSL_MODE_AUTO_RETRY);
+                                        SSL_MODE_ACCEPT_MOVING_WRITE_BUFFER | SSL_MODE_AUTO_RETRY);
     return context;
 }
 

@@ -4,14 +4,15 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <list>
 #include <map>
-#include <optional>
+#include <thread>
 #include <utility>
 
+#include "base/Cancel.h"
 #include "base/Files.h"
-#include "base/Task.h"
 #include "sample/CertificateAuthority.h"
 #include "sample/GmailConversation.h"
 #include "sample/GmailMail.h"
@@ -61,11 +62,18 @@ struct GmailServer::State {
     /// Until somebody wakes it.
     void listen();
     void welcome(int socket);
+    void dismissFinished();
     TlsIdentity identity(GmailCertificate certificate);
 
     struct Guest {
-        Task task;
-        std::shared_ptr<ServerConnection> connection;
+        Guest(int socket, ServerConnection::Speech speech, TlsIdentity identity)
+            : connection(socket, speech, std::move(identity)) {}
+
+        ServerConnection connection;
+        CancelToken cancel;
+        std::atomic<bool> finished = false;
+        /// To be joined: a thread that has used OpenSSL leaves it something to clean up.
+        std::thread thread;
     };
 
     std::string home;
@@ -76,7 +84,7 @@ struct GmailServer::State {
     int listener = -1;
     std::uint16_t port = 0;
     std::list<Guest> guests;
-    std::optional<Task> task;
+    std::thread thread;
 };
 
 TlsIdentity GmailServer::State::identity(GmailCertificate certificate) {
@@ -99,22 +107,27 @@ TlsIdentity GmailServer::State::identity(GmailCertificate certificate) {
 }
 
 void GmailServer::State::welcome(int socket) {
+    using Speech = ServerConnection::Speech;
+    dismissFinished();
     const auto settings = readGmailSettings(home).value_or(GmailSettings());
     const GmailCertificate certificate = settings.faults.certificate;
-    const auto connection =
-        certificate == GmailCertificate::plainText
-            ? std::make_shared<ServerConnection>(socket, ServerConnection::Speech::plain, nullptr)
-            : std::make_shared<ServerConnection>(socket, ServerConnection::Speech::tls,
-                                                 identity(certificate));
-    guests.remove_if([](const Guest& guest) { return guest.task.finished(); });
-    guests.push_back(
-        {Task::start(TaskPriority::userInitiated,
-                     [connection, settings, &mails = *mail](const CancelToken& cancel) {
-                         blockBrokenPipes();
-                         converse(*connection, mails, settings, cancel);
-                         connection->cancel();
-                     }),
-         connection});
+    const bool plain = certificate == GmailCertificate::plainText;
+    Guest& guest = guests.emplace_back(socket, plain ? Speech::plain : Speech::tls,
+                                       plain ? nullptr : identity(certificate));
+    guest.thread = std::thread([this, &guest, settings] {
+        blockBrokenPipes();
+        converse(guest.connection, *mail, settings, guest.cancel);
+        guest.connection.cancel();
+        guest.finished = true;
+    });
+}
+
+void GmailServer::State::dismissFinished() {
+    guests.remove_if([](Guest& guest) {
+        const bool finished = guest.finished;
+        if (finished) guest.thread.join();
+        return finished;
+    });
 }
 
 void GmailServer::State::listen() {
@@ -125,11 +138,11 @@ void GmailServer::State::listen() {
         const int socket = acceptFrom(listener);
         if (socket >= 0) welcome(socket);
     }
-    for (const Guest& guest : guests) {
-        guest.task.cancel();
-        guest.connection->cancel();
+    for (Guest& guest : guests) {
+        guest.cancel.cancel();
+        guest.connection.cancel();
     }
-    for (const Guest& guest : guests) guest.task.wait();
+    for (Guest& guest : guests) guest.thread.join();
 }
 
 GmailServer::Start GmailServer::start(const Options& options) {
@@ -144,8 +157,7 @@ GmailServer::Start GmailServer::start(const Options& options) {
     if (state->listener < 0 || !state->leave.good())
         return {nullptr, "Port " + std::to_string(options.port) + " cannot be listened on."};
     state->port = portOf(state->listener);
-    state->task = Task::start(TaskPriority::userInitiated,
-                              [running = state.get()](const CancelToken&) { running->listen(); });
+    state->thread = std::thread([running = state.get()] { running->listen(); });
     return {std::unique_ptr<GmailServer>(new GmailServer(std::move(state))), ""};
 }
 
@@ -153,7 +165,7 @@ GmailServer::GmailServer(std::unique_ptr<State> state) : state_(std::move(state)
 
 GmailServer::~GmailServer() {
     state_->leave.wake();
-    state_->task->wait();
+    state_->thread.join();
 }
 
 std::uint16_t GmailServer::port() const {

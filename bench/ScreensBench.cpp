@@ -22,6 +22,8 @@
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/NoRunningApps.h"
+#include "platform/linux/OpenSslStream.h"
+#include "platform/linux/SecretServiceKeyStore.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/linux/XdgDesktop.h"
@@ -73,10 +75,12 @@ double milliseconds(const QElapsedTimer& timer) {
     EmbeddedModel model;
     PosixProcessRunner processes;
     NoRunningApps runningApps;
+    SecretServiceKeyStore keys;
+    OpenSslConnector tls(TlsAuthorities::ofSystem());
     const QGuiApplication application(argc, argv);
     QtMainQueue queue;
     const auto state = AppState::make({clock, directories, queue, defaults, model, power, desktop,
-                                       locale, processes, runningApps, ""});
+                                       locale, processes, runningApps, keys, tls, ""});
     runApplication(*state, queue, [] { std::_Exit(EXIT_SUCCESS); });
 }
 

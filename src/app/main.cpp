@@ -7,6 +7,8 @@
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/Memory.h"
 #include "platform/linux/NoRunningApps.h"
+#include "platform/linux/OpenSslStream.h"
+#include "platform/linux/SecretServiceKeyStore.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/linux/XdgDesktop.h"
@@ -27,10 +29,13 @@ int main(int argc, char** argv) {
     EmbeddedModel model;
     PosixProcessRunner processes;
     NoRunningApps runningApps;
+    SecretServiceKeyStore keys;
+    OpenSslConnector tls(TlsAuthorities::ofSystem());
 
     const QGuiApplication application(argc, argv);
     QtMainQueue queue;
-    const auto state = AppState::make({clock, directories, queue, defaults, model, power, desktop,
-                                       locale, processes, runningApps, "/usr/bin/osascript"});
+    const auto state =
+        AppState::make({clock, directories, queue, defaults, model, power, desktop, locale,
+                        processes, runningApps, keys, tls, "/usr/bin/osascript"});
     runApplication(*state, queue);
 }

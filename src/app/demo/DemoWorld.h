@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "app/demo/DemoGmail.h"
 #include "models/embedded/EmbeddedModel.h"
 #include "platform/Desktop.h"
 #include "platform/Directories.h"
@@ -83,6 +84,7 @@ struct DemoWorld {
     SayingDesktop desktop;
     PosixProcessRunner processes;
     sample::SimulatedApps runningApps;
+    MemoryKeyStore keys;
     /// The stand-in that lies beside this program; no script ever reaches the person's own mail
     /// program.
     std::string scriptHost;

@@ -14,6 +14,8 @@
 #include "app/demo/Tour.h"
 #include "base/Files.h"
 #include "platform/linux/Memory.h"
+#include "sample/GmailServer.h"
+#include "sample/GmailSettings.h"
 #include "sample/MailPresence.h"
 #include "sample/MailSettings.h"
 #include "sample/SampleMailStore.h"
@@ -46,6 +48,14 @@ int fail(const std::string& sentence) {
     return EXIT_FAILURE;
 }
 
+/// Where a person would make one on Google's page, the demo just tells it.
+void tellAppPasswords(const std::string& home) {
+    const auto settings = sample::readGmailSettings(home).value_or(sample::GmailSettings());
+    for (const auto& [address, password] : settings.passwords)
+        std::printf("The app password of %s is: %s\n", address.c_str(), password.c_str());
+    std::fflush(stdout);
+}
+
 int runDemo(const Options& options, DemoWorld& world) {
     if (!files::exists(world.scriptHost))
         return fail("The stand-in for the script host is missing: " + world.scriptHost +
@@ -54,11 +64,16 @@ int runDemo(const Options& options, DemoWorld& world) {
     if (!problem.empty()) return fail(problem);
     // As a person has it open.
     sample::launchMail(world.directories.home());
+    const auto gmail = sample::GmailServer::start({world.directories.home()});
+    if (!gmail.server) return fail(gmail.problem);
+    LocalGmail tls(gmail.server->port(), gmail.server->authority());
+    tellAppPasswords(world.directories.home());
     prepareToolkit();
     QtMainQueue queue;
-    const auto state = AppState::make({world.clock, world.directories, queue, world.defaults,
-                                       world.model, world.power, world.desktop, world.locale,
-                                       world.processes, world.runningApps, world.scriptHost});
+    const auto state =
+        AppState::make({world.clock, world.directories, queue, world.defaults, world.model,
+                        world.power, world.desktop, world.locale, world.processes,
+                        world.runningApps, world.keys, tls, world.scriptHost});
     MainWindow main(*state);
     main.model().setDark(!options.light);
     if (!main.show()) return EXIT_FAILURE;

@@ -180,8 +180,8 @@ TEST(MoverChild, AThousandRunsLeaveNoDescriptorAndNoZombie) {
 
 TEST(MoverChild, MovesTellsAndIsStoppedSideBySide) {
     ShellWorld world(
-        "i=0; while :; do i=$((i+1)); printf \"move|$i|9\" > \"$progress\";"
-        " echo $i@x >> \"$done\"; done\n");
+        "i=0; while :; do i=$((i+1)); echo $i@x >> \"$done\";"
+        " printf \"move|$i|9\" > \"$progress\"; done\n");
     for (int round = 0; round < 10; ++round) {
         Locked<std::int64_t> told{0};
         MoveOutcome outcome;

@@ -61,7 +61,7 @@ TEST(UidSets, BeginsAnotherWhereTheLimitIsMet) {
 
 TEST(UidSets, LoseNothingOfAWholeMailbox) {
     Uids uids;
-    for (std::uint32_t uid = 1; uid < 200'000; uid += uid % 7 ? 1 : 3) uids.push_back(uid);
+    for (std::uint32_t uid = 1; uid < 200'000; uid += uid % 7 ? 1u : 3u) uids.push_back(uid);
     Uids named;
     for (const auto& set : uidSets({uids.rbegin(), uids.rend()})) {
         EXPECT_LE(set.size(), 899u);

@@ -19,4 +19,8 @@ bool isLabelFolder(std::string_view name, const MailAccount& account) {
     return true;
 }
 
+bool isSpamFolder(std::string_view name, const MailAccount& account) {
+    return isGmail(account) && lowercased(name).find("spam") != std::string::npos;
+}
+
 }  // namespace brindlet

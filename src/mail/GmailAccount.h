@@ -15,4 +15,8 @@ bool isGmail(const MailAccount& account);
 /// every name without "spam", "trash" or "bin" in it; a folder called Cabin thus counts as a bin.
 bool isLabelFolder(std::string_view name, const MailAccount& account);
 
+/// True when mail in the folder teaches Gmail's filter and goes after a month: on a Gmail account,
+/// every name with "spam" in it.
+bool isSpamFolder(std::string_view name, const MailAccount& account);
+
 }  // namespace brindlet

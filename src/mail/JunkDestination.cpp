@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/Text.h"
 #include "mail/GmailAccount.h"
 
 namespace brindlet {
@@ -11,10 +10,6 @@ namespace {
 bool hasFolder(const MailAccount& account, std::string_view name) {
     return std::any_of(account.folders.begin(), account.folders.end(),
                        [&](const MailFolder& folder) { return folder.name == name; });
-}
-
-bool namesSpam(const std::string& folder) {
-    return lowercased(folder).find("spam") != std::string::npos;
 }
 
 }  // namespace
@@ -37,9 +32,9 @@ std::string junkDestination(const MailAccount& account, const std::optional<std:
     if (saved && !saved->empty() && (*saved == ownJunkFolder || hasFolder(account, *saved)))
         return *saved;
     const auto candidates = junkCandidates(account);
-    if (!isGmail(account)) return candidates.front();
     // There is always one, since ours is among them.
-    return *std::find_if_not(candidates.begin(), candidates.end(), namesSpam);
+    return *std::find_if_not(candidates.begin(), candidates.end(),
+                             [&](const auto& name) { return isSpamFolder(name, account); });
 }
 
 }  // namespace brindlet

@@ -46,5 +46,14 @@ TEST(IsLabelFolder, IsNoFolderOfAnyOtherAccount) {
         EXPECT_FALSE(isLabelFolder(name, other)) << name;
 }
 
+TEST(IsSpamFolder, OnGmailIsEveryNameWithSpamInIt) {
+    const auto gmail = accountWith({"[Gmail]/All Mail"});
+    for (const auto* name : {"[Gmail]/Spam", "SPAM", "Antispam rules"})
+        EXPECT_TRUE(isSpamFolder(name, gmail)) << name;
+    for (const auto* name : {"Trash", "Brindlet Junk", "Spa", ""})
+        EXPECT_FALSE(isSpamFolder(name, gmail)) << name;
+    EXPECT_FALSE(isSpamFolder("Spam", accountWith({"INBOX"}, "ann@gmail.com")));
+}
+
 }  // namespace
 }  // namespace brindlet

@@ -3,7 +3,11 @@
 #include "words/CalibrationWords.h"
 #include "words/CategoryWords.h"
 #include "words/FolderWords.h"
+#include "words/GmailAskWords.h"
+#include "words/GmailNoticeWords.h"
+#include "words/GooglePages.h"
 #include "words/HistoryWords.h"
+#include "words/IntentWords.h"
 #include "words/ListWords.h"
 #include "words/MoveWords.h"
 #include "words/MovedWords.h"
@@ -136,6 +140,85 @@ TEST(StaticWords, Move) {
               "Stop here - everything already filed stays filed, and the rest can continue later");
     EXPECT_EQ(words.menuSymbol, "chevron.down");
     EXPECT_EQ(words.menuHelp, "Which folder junk is filed into");
+}
+
+TEST(StaticWords, GmailAsk) {
+    const GmailAskWords words;
+    EXPECT_EQ(words.symbol, "envelope.badge.shield.half.filled");
+    EXPECT_EQ(words.title, "Gmail needs your permission to move mail");
+    EXPECT_EQ(words.why,
+              "Google treats folders as labels. Apple Mail can tag a message for you, but it "
+              "cannot take that message out of a Gmail inbox - so without this, junk gets labelled "
+              "and stays exactly where it is.");
+    EXPECT_EQ(words.allowSymbol, "checkmark.circle.fill");
+    EXPECT_EQ(words.allowTitle, "If you allow");
+    EXPECT_EQ(words.allowText,
+              "Junk actually leaves your inbox and lands in the folder you chose. Nothing is ever "
+              "deleted.");
+    EXPECT_EQ(words.declineTitle, "If you don't");
+    EXPECT_EQ(words.declineText,
+              "Brindlet still sorts and labels everything - you just have to move it yourself, or "
+              "it stays in your inbox.");
+    const std::vector<SymbolLine> promises = {
+        {"lock.fill",
+         "Your mail never leaves this Mac. Brindlet has no server - there is nowhere else for it "
+         "to go."},
+        {"key.fill", "You sign in on Google's own page. Brindlet never sees your password."},
+        {"hand.raised.fill",
+         "It only ever adds a label and removes the Inbox one. It never sends, never deletes."},
+        {"xmark.circle", "Revocable any time, here or at myaccount.google.com/permissions."}};
+    EXPECT_EQ(words.promises, promises);
+    EXPECT_EQ(words.explanation,
+              "Google calls it an app password. It is not your Google password: it works for this "
+              "app only, and you can revoke it on its own without touching your account.");
+    EXPECT_EQ(words.warningSymbol, "exclamationmark.shield.fill");
+    EXPECT_EQ(words.warning,
+              "You need 2-Step Verification switched on first. Without it Google just says app "
+              "passwords are “not available for your account” and offers no way to make one.");
+    EXPECT_EQ(words.openPage, "Open Google's app password page");
+    EXPECT_EQ(words.fieldTitle, "Name it Brindlet, then paste the 16 characters here:");
+    EXPECT_EQ(words.prompt, "xxxx xxxx xxxx xxxx");
+    EXPECT_EQ(words.keychain,
+              "It is kept in your Mac's Keychain, encrypted behind your login password - not in a "
+              "file. macOS will ask you to allow Brindlet to read it back; that prompt is Brindlet "
+              "fetching this code to talk to Gmail, and nothing else.");
+    EXPECT_EQ(words.decline, "Not now - just label them");
+    EXPECT_EQ(gmailConnectedStatus, "Connected. Junk will really leave this inbox now.");
+    EXPECT_STREQ(googlePages::appPasswords, "https://myaccount.google.com/apppasswords");
+}
+
+TEST(StaticWords, GmailPermission) {
+    const GmailPermissionWords words;
+    EXPECT_EQ(words.more, "Google will ask for a lot - here is what is actually used");
+    EXPECT_EQ(words.moreSymbol, "chevron.down");
+    EXPECT_EQ(words.less, "Hide what this permission means");
+    EXPECT_EQ(words.lessSymbol, "chevron.up");
+    const std::vector<SymbolLine> lines = {
+        {"info.circle",
+         "Google's consent screen will say Brindlet can read, send and delete your mail. That "
+         "sentence is Google's, and it covers the only Gmail permission that exists - there is no "
+         "smaller one."},
+        {"checkmark.circle",
+         "What Brindlet does with it: two commands. Put a label on a message, and take the Inbox "
+         "label off. That is the whole of it."},
+        {"checkmark.circle",
+         "It never sends mail, never deletes mail, and never empties anything. Junk keeps its "
+         "label and stays in All Mail for good, which is why Brindlet files into a folder rather "
+         "than Spam."},
+        {"lock",
+         "Your mail stays on this Mac and on Google's servers. Brindlet has no server; there is "
+         "nowhere else for it to go."},
+        {"key",
+         "The sign-in is Google's own page. Brindlet never sees your password. The token it gets "
+         "back is kept in your Keychain and you can revoke it any time at "
+         "myaccount.google.com/permissions, or with Disconnect above."}};
+    EXPECT_EQ(words.lines, lines);
+}
+
+TEST(StaticWords, Intent) {
+    const IntentWords words;
+    EXPECT_EQ(words.label, "Junk will go to");
+    EXPECT_EQ(words.menuSymbol, "chevron.down");
 }
 
 TEST(StaticWords, MovedMessages) {

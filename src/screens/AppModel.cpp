@@ -37,6 +37,7 @@ AppModel::AppModel(AppState& state)
       results_(state),
       history_(state),
       rules_(state),
+      gmailAsk_(state),
       coalescer_(state, [this] { refresh(); }) {
     refresh();
 }
@@ -56,6 +57,7 @@ void AppModel::refresh() {
     const bool appears = next != screen_;
     // First, because what leaving changes is to be seen on the next screen.
     if (appears && screen_ == Welcome) welcome_.leave();
+    if (appears && screen_ == Pick) pick_.leave();
     if (appears && screen_ == Results) results_.leave();
     if (appears && screen_ == History) history_.leave();
     if (appears && screen_ == Rules) rules_.leave();
@@ -82,9 +84,12 @@ void AppModel::refresh() {
             rules_.refresh();
             break;
     }
-    if (!appears) return;
-    screen_ = next;
-    Q_EMIT screenChanged();
+    if (appears) {
+        screen_ = next;
+        Q_EMIT screenChanged();
+    }
+    // After the screen that it stands over.
+    gmailAsk_.refresh();
 }
 
 }  // namespace brindlet::screens

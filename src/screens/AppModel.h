@@ -4,6 +4,7 @@
 #include <QObject>
 
 #include "screens/Coalescer.h"
+#include "screens/gmail/GmailAskModel.h"
 #include "screens/history/HistoryModel.h"
 #include "screens/permission/PermissionModel.h"
 #include "screens/pick/PickModel.h"
@@ -31,6 +32,8 @@ class AppModel : public QObject {
     Q_PROPERTY(brindlet::screens::ResultsModel* results READ results CONSTANT)
     Q_PROPERTY(brindlet::screens::HistoryModel* history READ history CONSTANT)
     Q_PROPERTY(brindlet::screens::RulesModel* rules READ rules CONSTANT)
+    /// Stands over any screen.
+    Q_PROPERTY(brindlet::screens::GmailAskModel* gmailAsk READ gmailAsk CONSTANT)
 
   public:
     enum Screen { Welcome, Permission, Pick, Scanning, Results, History, Rules };
@@ -49,6 +52,7 @@ class AppModel : public QObject {
     ResultsModel* results() { return &results_; }
     HistoryModel* history() { return &history_; }
     RulesModel* rules() { return &rules_; }
+    GmailAskModel* gmailAsk() { return &gmailAsk_; }
     const Coalescer& coalescer() const { return coalescer_; }
 
   Q_SIGNALS:
@@ -68,6 +72,7 @@ class AppModel : public QObject {
     ResultsModel results_;
     HistoryModel history_;
     RulesModel rules_;
+    GmailAskModel gmailAsk_;
     Coalescer coalescer_;
 };
 

@@ -9,6 +9,7 @@ Window {
     required property AppModel app
     // False while anything moves: one screen comes in after another, or something within one.
     readonly property bool settled: stage.status === Loader.Ready && !entrance.running
+                                    && sheet.still
                                     && (stage.item as ResultsScreen)?.settled !== false
 
     width: 1080
@@ -84,6 +85,12 @@ Window {
                 easing.type: Easing.OutCubic
             }
         }
+    }
+    GmailAskSheet {
+        id: sheet
+
+        model: root.app.gmailAsk
+        home: stage
     }
     HelpTip {}
     Connections {

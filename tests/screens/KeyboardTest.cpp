@@ -13,6 +13,7 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
     {"chosen mailbox", scenes::chosenMailbox},
+    {"gmail", scenes::gmail},
     {"no accounts", scenes::noAccounts},
     {"paused scan", scenes::pausedScan},
     {"open results", scenes::openResults},

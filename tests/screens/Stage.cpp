@@ -216,6 +216,20 @@ void chosenMailbox(AppState& state) {
     state.folderVanished.set("Old/Lists");
 }
 
+void gmail(AppState& state) {
+    state.accounts.set({account(
+        "ada@example.org", {folder(1, "INBOX", 1834), folder(2, "[Gmail]/Spam", 212),
+                            folder(3, "Receipts", 64), folder(4, "[Gmail]/All Mail", 12044)})});
+    state.selectAccount(MailAccount(state.accounts->front()));
+    state.folder.set(state.account->value().folders.front());
+    state.navigate(AppState::Screen::pick);
+}
+
+void askedAboutGmail(AppState& state) {
+    gmail(state);
+    state.connectGmail(MailAccount(**state.account));
+}
+
 void noAccounts(AppState& state) {
     state.navigate(AppState::Screen::pick);
 }

@@ -68,6 +68,10 @@ void permission(AppState& state);
 void mailboxes(AppState& state);
 /// The same with the inbox selected and one folder gone.
 void chosenMailbox(AppState& state);
+/// A Gmail account that is not connected, its inbox selected.
+void gmail(AppState& state);
+/// The same with the question open.
+void askedAboutGmail(AppState& state);
 void noAccounts(AppState& state);
 void scanning(AppState& state);
 void pausedScan(AppState& state);

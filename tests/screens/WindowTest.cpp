@@ -17,6 +17,8 @@ const std::vector<Scene> allScenes{
     {"permission", scenes::permission},
     {"mailboxes", scenes::mailboxes},
     {"chosen mailbox", scenes::chosenMailbox},
+    {"gmail", scenes::gmail},
+    {"asked about gmail", scenes::askedAboutGmail},
     {"no accounts", scenes::noAccounts},
     {"scanning", scenes::scanning},
     {"paused scan", scenes::pausedScan},

@@ -74,11 +74,11 @@ Flickable {
         root.contentY = Math.max(0, root.contentY + by);
     }
 
-    // Where to scroll to for the item to be in sight; no further than needed.
+    // Where to scroll to for the item to be in sight; no further than needed, nor past the end.
     function placeFor(item: Item): real {
         const top = item.mapToItem(page, 0, 0).y;
         const least = top + item.height + Theme.space5 + root.covered - root.height;
         const to = Math.min(Math.max(root.contentY, least), top - Theme.space5);
-        return Math.max(0, Math.round(to));
+        return Math.round(Math.max(0, Math.min(to, root.contentHeight - root.height)));
     }
 }

@@ -17,6 +17,8 @@ QtObject {
     readonly property color hover: dark ? "#0dffffff" : "#0a1e1440"
     readonly property color press: dark ? "#1affffff" : "#161e1440"
     readonly property color track: dark ? "#1affffff" : "#161e1440"
+    // Over what is not to be used now.
+    readonly property color veil: dark ? "#a6070510" : "#592a2145"
     readonly property color shadow: dark ? "#80000000" : "#26301a60"
 
     readonly property color ink: dark ? "#f3f0fb" : "#1c1730"
@@ -61,6 +63,7 @@ QtObject {
     readonly property int mainButtonRadius: 12
     readonly property int cardRadius: 14
     readonly property int barRadius: 16
+    readonly property int sheetRadius: 20
 
     readonly property int quick: 120
     readonly property int steady: 220

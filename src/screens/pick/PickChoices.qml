@@ -8,7 +8,11 @@ Item {
 
     required property PickModel model
 
+    implicitHeight: body.implicitHeight
+
     ColumnLayout {
+        id: body
+
         anchors.fill: parent
         spacing: 0
 

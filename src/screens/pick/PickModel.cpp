@@ -18,14 +18,20 @@ const T* at(const std::vector<T>& list, int row) {
 
 }  // namespace
 
-PickModel::PickModel(AppState& state) : state_(state) {}
+PickModel::PickModel(AppState& state) : state_(state), gmail_(state), intent_(state) {}
 
 void PickModel::appear() {
     state_.refreshFolders();
     state_.refreshInReach();
 }
 
+void PickModel::leave() {
+    gmail_.leave();
+}
+
 void PickModel::refresh() {
+    gmail_.refresh();
+    intent_.refresh();
     auto words = pickWords(state_);
     if (words == words_) return;
     words_ = std::move(words);
@@ -187,6 +193,7 @@ void PickModel::setSkips(bool skips) {
 }
 
 void PickModel::sort() {
+    if (state_.askGmailIfNeeded(*state_.account, AppState::GmailThen::scan)) return;
     state_.startScan(std::nullopt, std::nullopt);
 }
 

@@ -3,6 +3,8 @@
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 
+#include "screens/gmail/GmailNoticeModel.h"
+#include "screens/gmail/IntentModel.h"
 #include "screens/pick/ChoicesModel.h"
 #include "screens/pick/FoldersModel.h"
 #include "words/PickWords.h"
@@ -45,6 +47,8 @@ class PickModel : public QObject {
     Q_PROPERTY(brindlet::screens::ChoicesModel* reaches READ reaches CONSTANT)
     Q_PROPERTY(brindlet::screens::ChoicesModel* limits READ limits CONSTANT)
     Q_PROPERTY(brindlet::screens::FoldersModel* folders READ folders CONSTANT)
+    Q_PROPERTY(brindlet::screens::GmailNoticeModel* gmail READ gmail CONSTANT)
+    Q_PROPERTY(brindlet::screens::IntentModel* intent READ intent CONSTANT)
 
   public:
     enum Content { Finding, Unreadable, NoAccounts, Accounts };
@@ -56,6 +60,7 @@ class PickModel : public QObject {
     /// since has left less to sort.
     void appear();
     void refresh();
+    void leave();
 
     QString backName() const;
     QString title() const;
@@ -84,6 +89,8 @@ class PickModel : public QObject {
     ChoicesModel* reaches() { return &reaches_; }
     ChoicesModel* limits() { return &limits_; }
     FoldersModel* folders() { return &folders_; }
+    GmailNoticeModel* gmail() { return &gmail_; }
+    IntentModel* intent() { return &intent_; }
 
     Q_INVOKABLE void back();
     Q_INVOKABLE void openSettings();
@@ -95,6 +102,7 @@ class PickModel : public QObject {
     Q_INVOKABLE void chooseReach(int row);
     Q_INVOKABLE void chooseLimit(int row);
     Q_INVOKABLE void setSkips(bool skips);
+    /// Starts the scan, or first has the person asked about Gmail.
     Q_INVOKABLE void sort();
 
   Q_SIGNALS:
@@ -107,6 +115,8 @@ class PickModel : public QObject {
     ChoicesModel reaches_;
     ChoicesModel limits_;
     FoldersModel folders_;
+    GmailNoticeModel gmail_;
+    IntentModel intent_;
 };
 
 }  // namespace brindlet::screens

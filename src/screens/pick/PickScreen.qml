@@ -7,20 +7,19 @@ FocusScope {
 
     required property PickModel model
     readonly property bool hasAccounts: model.content === PickModel.Accounts
+    // What the page above leaves of the window, down to its foot.
+    readonly property real room: page.height - Theme.space5 - Theme.space6 - content.y
 
     objectName: "pickScreen"
     focus: true
 
     Keys.onEscapePressed: root.model.back()
 
-    ColumnLayout {
-        anchors.horizontalCenter: parent.horizontalCenter
-        anchors.top: parent.top
-        anchors.bottom: parent.bottom
-        anchors.topMargin: Theme.space5
-        anchors.bottomMargin: Theme.space5
-        width: Math.min(root.width - 2 * Theme.space6, Theme.measure)
-        spacing: Theme.space3
+    ScrollPage {
+        id: page
+
+        objectName: "pickPage"
+        anchors.fill: parent
 
         BackButton {
             objectName: "back"
@@ -55,28 +54,50 @@ FocusScope {
                 onClicked: root.model.dismissVanished()
             }
         }
-        PickNotice {
+        GmailNotice {
             Layout.fillWidth: true
-            Layout.fillHeight: true
-            visible: !root.hasAccounts
-            model: root.model
+            model: root.model.gmail
         }
-        RowLayout {
-            Layout.fillWidth: true
-            Layout.fillHeight: true
-            visible: root.hasAccounts
-            spacing: Theme.space5
+        Item {
+            id: content
 
-            FolderCard {
-                Layout.fillWidth: true
-                Layout.fillHeight: true
+            Layout.fillWidth: true
+            Layout.preferredHeight: Math.floor(Math.max(root.room, root.hasAccounts
+                                                                   ? choices.implicitHeight : 0))
+
+            PickNotice {
+                anchors.fill: parent
+                visible: !root.hasAccounts
                 model: root.model
-                focus: true
             }
-            PickChoices {
-                Layout.preferredWidth: 268
-                Layout.fillHeight: true
-                model: root.model
+            RowLayout {
+                anchors.fill: parent
+                visible: root.hasAccounts
+                spacing: Theme.space5
+
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    spacing: Theme.space3
+
+                    FolderCard {
+                        Layout.fillWidth: true
+                        Layout.fillHeight: true
+                        model: root.model
+                        focus: true
+                    }
+                    IntentNotice {
+                        Layout.fillWidth: true
+                        model: root.model.intent
+                    }
+                }
+                PickChoices {
+                    id: choices
+
+                    Layout.preferredWidth: 268
+                    Layout.fillHeight: true
+                    model: root.model
+                }
             }
         }
     }

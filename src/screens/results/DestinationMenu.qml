@@ -3,22 +3,24 @@ import QtQuick.Templates as T
 import QtQml.Models
 import Brindlet.Screens
 
-// Where junk goes: drops down from its parent, a button, and gives the keyboard back to it.
+// Where junk goes: opens at its parent, a button, and gives the keyboard back to it.
 ContextMenu {
     id: root
 
-    required property MoveModel model
+    required property DestinationsModel destinations
+    property bool above: false
+    property int widest: 340
+    signal asked(row: int)
 
     objectName: "destinationMenu"
-    title: root.model.menuHelp
-    y: root.parent.height + 4
-    implicitWidth: Math.min(Math.max(190, root.widestRow() + 2 * padding), 340)
+    y: above ? -height - 4 : parent.height + 4
+    implicitWidth: Math.min(Math.max(190, root.widestRow() + 2 * padding), widest)
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
     onClosed: root.parent.forceActiveFocus()
 
     function adopt(row: DestinationRow): void {
-        row.triggered.connect(() => root.model.choose(row.index));
+        row.triggered.connect(() => root.asked(row.index));
         root.insertItem(row.index, row);
     }
 
@@ -39,7 +41,7 @@ ContextMenu {
     }
 
     Instantiator {
-        model: root.model.destinations
+        model: root.destinations
         onObjectAdded: (index, object) => root.adopt(object as DestinationRow)
         onObjectRemoved: (index, object) => root.removeItem(object as DestinationRow)
 

@@ -79,7 +79,9 @@ Rectangle {
             DestinationMenu {
                 id: menu
 
-                model: root.model
+                destinations: root.model.destinations
+                title: root.model.menuHelp
+                onAsked: row => root.model.choose(row)
             }
         }
         GhostButton {

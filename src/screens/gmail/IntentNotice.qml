@@ -1,0 +1,91 @@
+import QtQuick
+import QtQuick.Layouts
+import Brindlet.Screens
+
+// Where junk will go, or that a folder of junk is sorted the other way round.
+Card {
+    id: root
+
+    required property IntentModel model
+    readonly property bool backwards: model.backwards !== ""
+    readonly property color ink: model.tint === IntentModel.Spam ? Theme.orangeInk
+                               : model.tint === IntentModel.Own ? Theme.blueInk : Theme.lavenderInk
+
+    objectName: "intentNotice"
+    implicitHeight: body.implicitHeight + 2 * Theme.space3
+    visible: model.shown
+
+    RowLayout {
+        id: body
+
+        x: Theme.space4
+        y: Theme.space3
+        width: root.width - 2 * x
+        spacing: Theme.space3
+
+        Symbol {
+            Layout.alignment: Qt.AlignTop
+            Layout.topMargin: root.backwards ? 0 : 4
+            symbol: root.model.symbol
+            color: root.backwards ? Theme.lavenderInk : root.ink
+            size: 20
+        }
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 5
+
+            Txt {
+                objectName: "backwards"
+                Layout.fillWidth: true
+                visible: root.backwards
+                text: root.model.backwards
+                weight: Font.DemiBold
+                wrapMode: Text.WordWrap
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                visible: !root.backwards
+                spacing: Theme.space2
+
+                Txt {
+                    text: root.model.label
+                    weight: Font.DemiBold
+                    Accessible.ignored: true
+                }
+                DestinationButton {
+                    objectName: "destination"
+                    Layout.fillWidth: true
+                    Layout.maximumWidth: Math.ceil(implicitWidth)
+                    label: root.model.label
+                    text: root.model.destination
+                    symbol: root.model.menuSymbol
+                    ink: root.ink
+                    onClicked: menu.toggle()
+                    onVisibleChanged: menu.close()
+
+                    DestinationMenu {
+                        id: menu
+
+                        destinations: root.model.destinations
+                        title: root.model.label
+                        above: true
+                        widest: 540
+                        onAsked: row => root.model.choose(row)
+                    }
+                }
+                Item {
+                    Layout.fillWidth: true
+                }
+            }
+            Txt {
+                objectName: "intentText"
+                Layout.fillWidth: true
+                text: root.model.text
+                size: Theme.rowSize
+                color: Theme.ink2
+                wrapMode: Text.WordWrap
+                lineHeight: 1.15
+            }
+        }
+    }
+}

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QPointer>
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>

@@ -2,7 +2,6 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
-#include <memory>
 #include <optional>
 #include <string>
 

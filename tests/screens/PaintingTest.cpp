@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include "screens/look/ImageUrls.h"
 #include "screens/look/PaintProvider.h"
 #include "screens/look/Ring.h"
 
@@ -79,6 +80,19 @@ TEST(PaintProvider, AShadowIsDarkInsideAndFadesToItsEdge) {
         EXPECT_GE(qAlpha(shadow.pixel(x, middle)), last - 1) << "but for rounding";
         last = qAlpha(shadow.pixel(x, middle));
     }
+}
+
+TEST(ImageUrls, BearTheColourWithItsAlphaWhereItHasOne) {
+    EXPECT_EQ(ImageUrls::symbol(QStringLiteral("checkmark"), QColor(199, 158, 255)).toString(),
+              QStringLiteral("image://symbol/checkmark?#c79eff"));
+    EXPECT_EQ(ImageUrls::glow(QColor(0, 0, 0, 128)).toString(),
+              QStringLiteral("image://paint/glow?#80000000"));
+    EXPECT_EQ(ImageUrls::shadow(14, 24, QColor(0, 0, 0, 128)).toString(),
+              QStringLiteral("image://paint/shadow/14/24?#80000000"));
+}
+
+TEST(ImageUrls, NoSymbolHasNoAddress) {
+    EXPECT_TRUE(ImageUrls::symbol(QString(), Qt::black).isEmpty());
 }
 
 }  // namespace

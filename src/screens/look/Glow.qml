@@ -12,7 +12,7 @@ Image {
     // Half the pixels suffice: there is nothing sharp in it.
     sourceSize.width: size / 2
     sourceSize.height: size / 2
-    source: "image://paint/glow?" + root.tint
+    source: ImageUrls.glow(root.tint)
 
     Accessible.ignored: true
 }

@@ -17,7 +17,7 @@ BorderImage {
     border.right: edge
     border.top: edge
     border.bottom: edge
-    source: "image://paint/shadow/" + radius + "/" + blur + "?" + Theme.shadow
+    source: ImageUrls.shadow(root.radius, root.blur, Theme.shadow)
     z: -1
 
     Accessible.ignored: true

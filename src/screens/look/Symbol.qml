@@ -12,7 +12,7 @@ Image {
     height: size
     sourceSize.width: size
     sourceSize.height: size
-    source: root.symbol === "" ? "" : "image://symbol/" + root.symbol + "?" + root.color
+    source: ImageUrls.symbol(root.symbol, root.color)
 
     Accessible.ignored: true
 }

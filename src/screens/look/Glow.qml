@@ -1,4 +1,5 @@
 import QtQuick
+import Brindlet.Screens
 
 // A soft round light behind something; an image, so that it looks the same without shaders.
 Image {

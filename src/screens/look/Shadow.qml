@@ -1,4 +1,5 @@
 import QtQuick
+import Brindlet.Screens
 
 // The shadow of a raised surface, which must be its parent and have this radius.
 BorderImage {

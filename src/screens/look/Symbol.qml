@@ -1,4 +1,5 @@
 import QtQuick
+import Brindlet.Screens
 
 // A symbol in one colour. It says nothing to a screen reader: what stands beside it does.
 Image {

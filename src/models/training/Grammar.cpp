@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -181,7 +182,8 @@ std::string Grammar::addCategory(std::string_view label, std::string_view text) 
         if (scenario.senders.empty() || scenario.subjects.empty() ||
             scenario.bodies.size() < scenario.mostBodies)
             return "a scenario with too few phrases";
-    categories_[std::string(label)] = std::move(scenarios);
+    auto& known = categories_[std::string(label)];
+    std::ranges::move(scenarios, std::back_inserter(known));
     return {};
 }
 

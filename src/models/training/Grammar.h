@@ -36,7 +36,8 @@ class Grammar {
     enum class Dress { plain, web, bulk };
 
     /// Each gives an empty text, or what is wrong and in which line. A slot's list stands before
-    /// its use, so words come before categories, and no list leads back to itself.
+    /// its use, so words come before categories, and no list leads back to itself. A category may
+    /// be added to again and again.
     std::string addWords(std::string_view text);
     std::string addCategory(std::string_view label, std::string_view text);
 

@@ -35,7 +35,8 @@ class TrainingTexts : public testing::Test {
 TEST_F(TrainingTexts, AreWideInEveryCategoryThatOneCouldTakeForAnother) {
     for (const std::string_view label :
          {"advertisingOrPromotion", "newsletterOrDigest", "socialMediaBlast",
-          "personalMessageOrReminder", "cannotTell"}) {
+          "receiptOrOrderOrShipping", "billOrPayment", "securityCodeOrSignInAlert",
+          "accountWelcomeOrInvitation", "personalMessageOrReminder", "cannotTell"}) {
         SCOPED_TRACE(label);
         const auto breadth = grammar_.breadth(label);
         EXPECT_GE(breadth.patterns, 120U);

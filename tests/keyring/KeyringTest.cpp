@@ -182,6 +182,7 @@ TEST(SilentSafe, HoldsNobodyUp) {
     const SilentSafe silent(world);
     SecretServiceKeyStore store(hasty);
     expectNothing(store);
+    world.waitForOthersToLeave(1);
 }
 
 TEST(NoSafe, OnTheBusHoldsNothing) {

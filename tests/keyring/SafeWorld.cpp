@@ -88,6 +88,25 @@ Held<GDBusConnection> SafeWorld::connect() const {
         g_test_dbus_get_bus_address(bus_.get()), flags, nullptr, nullptr, nullptr));
 }
 
+void SafeWorld::waitForOthersToLeave(int left) const {
+    const auto connection = connect();
+    int others = left + 1;
+    while (others > left) {
+        auto* reply = g_dbus_connection_call_sync(connection.get(), "org.freedesktop.DBus",
+                                                  "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                                  "ListNames", nullptr, G_VARIANT_TYPE("(as)"),
+                                                  G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
+        if (reply == nullptr) return;
+        GVariantIter* names = nullptr;
+        g_variant_get(reply, "(as)", &names);
+        others = -1;  // this one
+        const gchar* name = nullptr;
+        while (g_variant_iter_loop(names, "&s", &name) != FALSE) others += *name == ':';
+        g_variant_iter_free(names);
+        g_variant_unref(reply);
+    }
+}
+
 Keyring::Keyring(const SafeWorld& world, State state) {
     const auto control = "--control-directory=" + world.home();
     std::vector<const gchar*> arguments{keyringProgram, "--foreground", "--components=secrets",

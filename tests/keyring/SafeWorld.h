@@ -31,6 +31,9 @@ class SafeWorld {
     std::string home() const { return directories_.home(); }
     /// A connection of its own.
     Held<GDBusConnection> connect() const;
+    /// Until no more than so many others are on the bus: a call that was given up takes a moment to
+    /// leave, and GLib waits half a minute in vain where the bus goes before it.
+    void waitForOthersToLeave(int left) const;
 
   private:
     doubles::TemporaryDirectories directories_;

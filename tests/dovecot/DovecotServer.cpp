@@ -85,7 +85,8 @@ std::string DovecotServer::missing() {
 DovecotServer::DovecotServer()
     : unpacked_(BRINDLET_SERVERS "/dovecot"),
       modules_(BRINDLET_UNPACKED_MODULES),
-      listener_(sample::listenOnLoopback(0)) {
+      listener_(sample::listenOnLoopback(0)),
+      port_(sample::portOf(listener_.get())) {
     if (isRoot()) copyServer();
     for (const char* folder : {"/run", "/state", "/mail/cur", "/mail/new", "/mail/tmp"})
         files::createDirectories(directories_.home() + folder);
@@ -143,7 +144,7 @@ std::string DovecotServer::settings() const {
     fill(text, "unpacked", unpacked_);
     fill(text, "modules", modules_);
     fill(text, "libraries", librariesIn(unpacked_));
-    fill(text, "port", std::to_string(port()));
+    fill(text, "port", std::to_string(port_));
     fill(text, "password", password);
     fill(text, "user", user.pw_name);
     fill(text, "group", nameOfGroup(user.pw_gid));
@@ -164,9 +165,11 @@ void DovecotServer::start(const std::string& host) {
     // The shell knows its own number, which the server goes on to have.
     Strings command{"sh",          "-c",  "LISTEN_PID=$$ exec \"$@\"", "sh", "setpriv",
                     "--pdeathsig", "TERM"};
-    if (isRoot())
-        command.insert(command.end(),
-                       {"--reuid", "nobody", "--regid", "nogroup", "--clear-groups"});
+    if (isRoot()) {
+        const auto& user = *serversUser();
+        command.insert(command.end(), {"--reuid", std::to_string(user.pw_uid), "--regid",
+                                       std::to_string(user.pw_gid), "--clear-groups"});
+    }
     // By itself the server would look for its reader of settings in /usr/bin.
     command.insert(command.end(), {unpacked_ + "/usr/bin/doveconf", "-c", file, "-m", "master",
                                    "-p", "-e", unpacked_ + "/usr/sbin/dovecot", "-F", "-c", file});
@@ -176,10 +179,8 @@ void DovecotServer::start(const std::string& host) {
             {"PATH=/usr/bin:/bin", "LISTEN_FDS=1", "LD_LIBRARY_PATH=" + librariesIn(unpacked_)},
             listener_.get(), directories_.root() + "/log");
     EXPECT_GT(process_, 0);
-}
-
-std::uint16_t DovecotServer::port() const {
-    return sample::portOf(listener_.get());
+    // Should the server not come up, whoever waits for it learns of it.
+    listener_.close();
 }
 
 std::string DovecotServer::log() const {

@@ -37,7 +37,7 @@ class DovecotServer {
     /// From here on whoever connects is answered. The certificate is for this host.
     void start(const std::string& host);
 
-    std::uint16_t port() const;
+    std::uint16_t port() const { return port_; }
     /// The certificate of the authority that vouches for it.
     const std::string& trusted() const { return authority_.certificate(); }
     /// What it has said of itself and its troubles.
@@ -54,7 +54,9 @@ class DovecotServer {
     /// The folder that /usr stands in, with all of the server.
     std::string unpacked_;
     std::string modules_;
+    /// Until the server has it.
     Descriptor listener_;
+    std::uint16_t port_;
     int delivered_ = 0;
     pid_t process_ = -1;
 };

@@ -20,6 +20,14 @@ constexpr double leisure = 0.2;
 /// Sixteen letters of which the server knows nothing.
 constexpr const char* wrong = "abcd abcd abcd abcd";
 
+/// Whether a thing is there and has come in to the full.
+bool isOpaque(const QQuickItem* item) {
+    if (!item) return false;
+    for (; item; item = item->parentItem())
+        if (item->opacity() < 1) return false;
+    return true;
+}
+
 }  // namespace
 
 void Tour::gmail() {
@@ -77,8 +85,7 @@ void Tour::chooseGmail() {
     step(QStringLiteral("open the menu of where junk will go, by keyboard"), [this] {
         if (!hand_.tabTo(QStringLiteral("destination"))) return false;
         hand_.press(Qt::Key_Space);
-        return hand_.await(
-            [this] { return hand_.find(QStringLiteral("destination0")) != nullptr; });
+        return hand_.await([this] { return isOpaque(hand_.find(QStringLiteral("destination0"))); });
     });
     picture(QStringLiteral("gmail-destinations"));
     step(QStringLiteral("leave it with Escape"), [this] {
@@ -216,6 +223,8 @@ void Tour::putBackOnGmail() {
                     *state_.moveError &&
                     (*state_.moveError)->find("tagged the message with INBOX") != std::string::npos;
          });
+    step(QStringLiteral("walk to the bar, which says so"),
+         [this] { return hand_.tabTo(QStringLiteral("destinations")); });
     picture(QStringLiteral("gmail-put-back"));
 }
 
@@ -225,7 +234,8 @@ void Tour::disconnectGmail() {
     step(QStringLiteral("the picker says that Gmail is connected"), [this] {
         return hand_.await([this] {
             return hand_.find(QStringLiteral("gmailControl")) &&
-                   main_.model().pick()->gmail()->connected();
+                   main_.model().pick()->gmail()->connected() && !*state_.refreshingFolders &&
+                   *state_.inReach < (*state_.folder)->count;
         });
     });
     picture(QStringLiteral("gmail-connected-pick"));

@@ -4,6 +4,7 @@
 
 #include "app/demo/DemoWorld.h"
 #include "app/demo/MailCounts.h"
+#include "base/Files.h"
 #include "doubles/Doubles.h"
 #include "sample/GmailSettings.h"
 #include "sample/HandmadeHome.h"
@@ -31,6 +32,13 @@ TEST_F(DemoGmailTest, TellsTheAddressAndItsAppPassword) {
     testing::internal::CaptureStdout();
     tellAppPasswords(directories_.home());
     EXPECT_EQ(testing::internal::GetCapturedStdout(), told);
+}
+
+TEST_F(DemoGmailTest, TellsThemInTheWordsThatThePageShows) {
+    const auto page = files::read(std::string(BRINDLET_FIXTURES) + "/../../docs/gmail.md");
+    ASSERT_TRUE(page);
+    const std::string words = told;
+    EXPECT_NE(page->find(words.substr(0, words.find(" robin"))), std::string::npos);
 }
 
 TEST_F(DemoGmailTest, TellsThemAgainInsteadOfOpeningGooglesPage) {

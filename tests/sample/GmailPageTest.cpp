@@ -71,9 +71,10 @@ TEST(GmailPage, TellsEverySwitchOfTheServerAndNoOther) {
 
 TEST(GmailPage, TellsEveryCertificateButTheGoodOne) {
     const std::string text = page();
-    for (const auto& [certificate, word] : EnumInfo<GmailCertificate>::all)
-        if (certificate != GmailCertificate::good)
-            EXPECT_NE(text.find("`\"" + std::string(word) + "\"`"), std::string::npos) << word;
+    for (const auto& [certificate, word] : EnumInfo<GmailCertificate>::all) {
+        if (certificate == GmailCertificate::good) continue;
+        EXPECT_NE(text.find("`\"" + std::string(word) + "\"`"), std::string::npos) << word;
+    }
 }
 
 TEST(GmailPage, AndTheReadMeNameTheAddressOfTheSample) {

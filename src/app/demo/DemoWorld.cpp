@@ -8,6 +8,7 @@
 #include "base/Files.h"
 #include "sample/MailPresence.h"
 #include "sample/MailSettings.h"
+#include "words/GooglePages.h"
 
 namespace brindlet::demo {
 namespace {
@@ -27,6 +28,7 @@ DemoDirectories::DemoDirectories(std::string root) : root_(std::move(root)) {
 
 void SayingDesktop::openLink(const std::string& url) {
     std::fprintf(stderr, "would open %s\n", url.c_str());
+    if (url == googlePages::appPasswords) tellAppPasswords(home_);
 }
 
 void SayingDesktop::openDiskAccessSettings() {

@@ -8,7 +8,8 @@ namespace brindlet::demo {
 const char* const usage =
     "brindlet-demo [--messages N] [--keep DIR] [--light] [--size WIDTHxHEIGHT] [--tour DIR]\n"
     "\n"
-    "Brindlet over sample mail, in folders of its own that are removed at the end.\n"
+    "Brindlet over sample mail, in folders of its own that are removed at the end. Prints the app\n"
+    "password that its Gmail account can be connected with.\n"
     "\n"
     "  --messages N   how many messages the sample mail has (2000)\n"
     "  --keep DIR     use this folder, and leave it there; mail in it is used again\n"

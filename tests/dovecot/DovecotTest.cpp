@@ -88,7 +88,8 @@ TEST_F(Dovecot, HasAnEmptyInbox) {
     ASSERT_TRUE(count) << count.failure().description();
     EXPECT_EQ(*count, 0);
     const auto ids = client.fetchMessageIDs();
-    EXPECT_TRUE(!ids || ids->size() == 0);
+    ASSERT_TRUE(ids) << ids.failure().description();
+    EXPECT_EQ(ids->size(), 0u);
 }
 
 TEST_F(Dovecot, SaysNoInItsOwnWords) {

@@ -55,7 +55,7 @@ struct Scan::Work {
     bool sort(const CancelToken& token);
     bool classifyPass(const Indices& list, const VerdictList& before,
                       const std::shared_ptr<VerdictLog>& log, const CancelToken& token);
-    std::function<Outcome()> classifyOne(std::size_t index);
+    std::function<Outcome()> classifyOne(std::size_t index, const CancelToken& abandoned);
     void inherit(const TemplatePlan::Cluster& cluster, std::vector<Verdict>& verdicts,
                  Indices& rest);
     bool waitWhilePaused(const CancelToken& token);
@@ -216,14 +216,15 @@ bool Scan::Work::classifyPass(const Indices& list, const VerdictList& before,
                               const std::shared_ptr<VerdictLog>& log, const CancelToken& token) {
     TaskGroup<Outcome> group(classificationWidth);
     std::size_t next = 0;
-    while (next < list.size() && next < classificationWidth) group.add(classifyOne(list[next++]));
+    const auto startNext = [&] { group.add(classifyOne(list[next++], group.abandoned())); };
+    while (next < list.size() && next < classificationWidth) startNext();
     while (auto outcome = group.next()) {
         const auto index = outcome->index;
         log->append(std::move(outcome->verdict));
         found[index] = &log->last();
         if (token.cancelled()) return true;
         if (!waitWhilePaused(token)) return false;
-        if (next < list.size()) group.add(classifyOne(list[next++]));
+        if (next < list.size()) startNext();
 
         const auto count = log->size();
         if (count % publishEvery != 0 && next < list.size()) continue;
@@ -237,7 +238,7 @@ bool Scan::Work::classifyPass(const Indices& list, const VerdictList& before,
     return true;
 }
 
-std::function<Outcome()> Scan::Work::classifyOne(std::size_t index) {
+std::function<Outcome()> Scan::Work::classifyOne(std::size_t index, const CancelToken& abandoned) {
     auto& row = rows[index];
     auto& parsed = bodies[index];
     auto covering = rules->covering(row.sender);
@@ -248,7 +249,7 @@ std::function<Outcome()> Scan::Work::classifyOne(std::size_t index) {
     verdict.sender = std::move(row.sender);
     verdict.subject = std::move(row.subject);
     // The child owns all it touches: an abandoned one may outlive the scan.
-    return [index, blanket, verdict = std::move(verdict), body = std::move(parsed.body),
+    return [index, abandoned, blanket, verdict = std::move(verdict), body = std::move(parsed.body),
             covering = std::move(covering), holdRules = rules, ground = ground,
             classifier = tools.classifier]() mutable -> Outcome {
         Decision decision;
@@ -257,7 +258,8 @@ std::function<Outcome()> Scan::Work::classifyOne(std::size_t index) {
             verdict.category = decided.category;
             decision = decided.decision;
         } else {
-            verdict.category = classifier->classify(verdict.sender, verdict.subject, body);
+            verdict.category =
+                classifier->classify(verdict.sender, verdict.subject, body, abandoned);
             decision = decide(verdict.category, verdict.sender, verdict.subject, covering, *ground);
         }
         verdict.isJunk = decision.isJunk;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <map>
 #include <memory>
@@ -24,6 +25,7 @@ namespace brindlet {
 namespace {
 
 using doubles::HttpServer;
+using namespace std::chrono_literals;
 
 const std::string bill = doubles::chatCompletion(R"({"category":"billOrPayment"})");
 
@@ -32,7 +34,7 @@ HttpServer::Script always(HttpServer::Reply reply) {
 }
 
 Category classified(const HttpServer& server) {
-    ServerModel model(chatUrl(server.url()).value(), "");
+    ServerModel model(chatUrl(server.url()).value(), "", {5s, 1h});
     return Classifier(model).classify("a@b.example", "Your bill", "Amount due");
 }
 
@@ -129,7 +131,7 @@ TEST(Loopback, NoSocketIsMadeForAnotherAddress) {
     HttpServer server(always(HttpServer::answer(bill)));
     const std::string port = ":" + std::to_string(server.port()) + "/";
     const auto post = [](const std::string& url) {
-        return postOnLoopback(url, "{}", std::chrono::seconds(5), {}).outcome;
+        return postOnLoopback(url, "{}", 5s, {}).outcome;
     };
     EXPECT_EQ(post("http://127.0.0.1" + port), LoopbackReply::Outcome::answered);
     for (const std::string& url :

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "doubles/HttpServer.h"
@@ -97,7 +98,7 @@ TEST(ServedScan, AStopHangsUpOnWhatIsStillBeingAnswered) {
         }
         return HttpServer::Reply{"", false, true};
     });
-    auto model = modelOf(server, {1h, 1h});
+    auto model = modelOf(server, {30s, 1h});
     ServedScan scan(model, 40);
     scan.start();
     ASSERT_TRUE(scan.world.mainQueue.pumpUntil([&] { return server.requests().size() == 12; }));

@@ -260,12 +260,12 @@ TEST(ServerModel, BeingAbandonedEndsTheCallAndHangsUp) {
     EXPECT_EQ(server.connections(), 4);
 }
 
-// Left to itself the library would look up about once a second.
+// Left to itself the library looks up five times a second at best.
 TEST(ServerModel, BeingAbandonedIsNoticedAtOnce) {
     HttpServer server(always({"", false, true}));
     const auto model = modelOf(server, {30s, 1h});
     const auto start = std::chrono::steady_clock::now();
-    for (int call = 1; call <= 8; ++call) {
+    for (int call = 1; call <= 20; ++call) {
         const CancelToken abandoned;
         TaskGroup<std::optional<LanguageModel::Answer>> calls(1);
         calls.add([&] { return ask(*model, abandoned); });
@@ -273,7 +273,7 @@ TEST(ServerModel, BeingAbandonedIsNoticedAtOnce) {
         abandoned.cancel();
         EXPECT_EQ(calls.next().value(), std::nullopt);
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 4s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 2s);
 }
 
 TEST(ServerModel, FourCallsAreWithTheServerAtOnce) {

@@ -9,7 +9,7 @@
 
 namespace brindlet::tools {
 
-/// The options by which a tool is told of a model server, and their line in its help.
+/// The options by which a tool is told of a model server.
 inline constexpr std::string_view serverOption = "--model-server";
 inline constexpr std::string_view serverNameOption = "--model-server-name";
 

@@ -7,9 +7,8 @@
 namespace brindlet {
 
 /// Where a model server on this machine takes its questions, from how a person names the server:
-/// "http://127.0.0.1:8080", or "http://localhost:11434/v1", gives "http://127.0.0.1:8080/v1/chat/
-/// completions". A path in front of that is kept; so much of its end as the name has already is
-/// not added again.
+/// "http://localhost:11434" gives "http://127.0.0.1:11434/v1/chat/completions". A path in front of
+/// that one is kept, and "/v1" or the whole is not added again where the name has it already.
 ///
 /// None unless the name says in so many words that the server is this machine: http, then an
 /// address of 127.0.0.0/8 in four plain decimal numbers, [::1] or localhost, which becomes

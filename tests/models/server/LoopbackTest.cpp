@@ -1,6 +1,8 @@
 #include <arpa/inet.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <sys/socket.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -11,6 +13,7 @@
 #include <vector>
 
 #include "base/Files.h"
+#include "base/Task.h"
 #include "classify/Classifier.h"
 #include "doubles/Doubles.h"
 #include "doubles/HttpServer.h"
@@ -141,6 +144,33 @@ TEST(Loopback, NoSocketIsMadeForAnotherAddress) {
           std::string("file:///etc/hostname"), std::string("")})
         EXPECT_EQ(post(url), LoopbackReply::Outcome::failed) << url;
     EXPECT_EQ(server.connections(), 1);
+}
+
+/// The port that a descriptor of ours is connected to; none when it is no such thing.
+int portBehind(int descriptor) {
+    sockaddr_in address{};
+    socklen_t size = sizeof address;
+    if (::getpeername(descriptor, reinterpret_cast<sockaddr*>(&address), &size) != 0) return 0;
+    return ntohs(address.sin_port);
+}
+
+// A program that we start meanwhile would keep the server waiting for its end.
+TEST(Loopback, NoChildInheritsTheConnection) {
+    HttpServer server(always({"", false, true}));
+    ServerModel model(chatUrl(server.url()).value(), "", {30s, 1h});
+    const CancelToken abandoned;
+    TaskGroup<Category> call(1);
+    call.add([&] { return Classifier(model).classify("", "", "", abandoned); });
+    ASSERT_TRUE(server.waitForRequests(1));
+    int found = 0;
+    for (int descriptor = 0; descriptor < 1024; ++descriptor) {
+        if (portBehind(descriptor) != server.port()) continue;
+        ++found;
+        EXPECT_NE(::fcntl(descriptor, F_GETFD) & FD_CLOEXEC, 0);
+    }
+    EXPECT_EQ(found, 1);
+    abandoned.cancel();
+    EXPECT_EQ(call.next(), Category::cannotTell);
 }
 
 TEST(Loopback, IsAHundredAndTwentySevenAndOne) {

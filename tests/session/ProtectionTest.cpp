@@ -231,6 +231,29 @@ TEST_F(ProtectedFolder, GoesByThePersonsOwnTickAndByNoOther) {
         << "what was learned from the tick is held back again";
 }
 
+TEST_F(ProtectedFolder, KnowsWhoThePersonIsAndWhomThePersonHasWrittenTo) {
+    doubles::MailHome::Message sent;
+    sent.mailbox = home.addMailbox("Sent");
+    sent.sender = "me@home.example";
+    home.addRecipient(home.addMessage(sent), "News1@Many.example");
+    const auto personal = std::string(rawValue(Category::personalMessageOrReminder));
+    const auto written = add("One <news1@many.example>", "Hi", personal);
+    const auto unknown = add("Two <news2@many.example>", "Hi", personal);
+    const auto mine = add("Me <ME@home.example>", "Hi", personal);
+    open();
+    for (const auto* from : {"news1@many.example", "me@home.example"})
+        state->rules.add(from, Category::personalMessageOrReminder, Rule::Verdict::junk,
+                         Rule::Scope::always, "x", {});
+    auto account = this->account();
+    account.address = "Me@Home.example";
+    state->accounts.set({account});
+    state->startScan(account, inbox());
+    finishTask();
+    EXPECT_TRUE(verdictOf(written)->vetoed);
+    EXPECT_TRUE(verdictOf(mine)->vetoed);
+    EXPECT_EQ(*state->approved, AppState::Ids{unknown});
+}
+
 // The model reads one of them and the others inherit its category - but not what became of it.
 TEST_F(ProtectedFolder, IsProtectedAmongTheMembersOfAClusterToo) {
     const std::string sale = "Great sale 20% off lamps, rugs and pillows";

@@ -3,7 +3,7 @@
 build_packages=(
     g++ cmake ninja-build ccache pkg-config
     libicu-dev libpcre2-dev libsimdjson-dev libsqlite3-dev libssl-dev libglib2.0-dev libgl-dev
-    libsecret-1-dev ca-certificates
+    libcurl4-openssl-dev libsecret-1-dev ca-certificates
     qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-svg-dev
     qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick
     qml6-module-qtquick-window qml6-module-qtquick-layouts qml6-module-qtquick-templates

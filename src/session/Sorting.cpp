@@ -101,14 +101,15 @@ bool Sorting::classifyPass(const Indices& list, const VerdictList& before,
                            const std::shared_ptr<VerdictLog>& log, const CancelToken& token) {
     TaskGroup<Outcome> group(classificationWidth);
     std::size_t next = 0;
-    while (next < list.size() && next < classificationWidth) group.add(classifyOne(list[next++]));
+    const auto startNext = [&] { group.add(classifyOne(list[next++], group.abandoned())); };
+    while (next < list.size() && next < classificationWidth) startNext();
     while (auto outcome = group.next()) {
         const auto index = outcome->index;
         log->append(std::move(outcome->verdict));
         found_[index] = &log->last();
         if (token.cancelled()) return true;
         if (!waitWhilePaused(token)) return false;
-        if (next < list.size()) group.add(classifyOne(list[next++]));
+        if (next < list.size()) startNext();
 
         const auto count = log->size();
         if (count % publishEvery != 0 && next < list.size()) continue;
@@ -122,7 +123,8 @@ bool Sorting::classifyPass(const Indices& list, const VerdictList& before,
     return true;
 }
 
-std::function<Sorting::Outcome()> Sorting::classifyOne(std::size_t index) {
+std::function<Sorting::Outcome()> Sorting::classifyOne(std::size_t index,
+                                                       const CancelToken& abandoned) {
     auto& row = rows_[index];
     auto& parsed = bodies_[index];
     auto covering = tools_.rules->covering(row.sender);
@@ -133,7 +135,7 @@ std::function<Sorting::Outcome()> Sorting::classifyOne(std::size_t index) {
     verdict.sender = std::move(row.sender);
     verdict.subject = std::move(row.subject);
     // The child owns all it touches: an abandoned one may outlive the scan.
-    return [index, blanket, verdict = std::move(verdict), body = std::move(parsed.body),
+    return [index, abandoned, blanket, verdict = std::move(verdict), body = std::move(parsed.body),
             covering = std::move(covering), holdRules = tools_.rules, ground = tools_.ground,
             classifier = tools_.classifier]() mutable -> Outcome {
         Decision decision;
@@ -142,7 +144,8 @@ std::function<Sorting::Outcome()> Sorting::classifyOne(std::size_t index) {
             verdict.category = decided.category;
             decision = decided.decision;
         } else {
-            verdict.category = classifier->classify(verdict.sender, verdict.subject, body);
+            verdict.category =
+                classifier->classify(verdict.sender, verdict.subject, body, abandoned);
             decision = decide(verdict.category, verdict.sender, verdict.subject, covering, *ground);
         }
         verdict.isJunk = decision.isJunk;

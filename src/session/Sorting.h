@@ -48,7 +48,7 @@ class Sorting {
 
     bool classifyPass(const Indices& list, const VerdictList& before,
                       const std::shared_ptr<VerdictLog>& log, const CancelToken& token);
-    std::function<Outcome()> classifyOne(std::size_t index);
+    std::function<Outcome()> classifyOne(std::size_t index, const CancelToken& abandoned);
     void inherit(const TemplatePlan::Cluster& cluster, std::vector<Verdict>& verdicts,
                  Indices& rest);
     bool waitWhilePaused(const CancelToken& token);

@@ -106,7 +106,7 @@ int main(int argc, char** argv) {
     std::optional<QTemporaryDir> passing;
     std::string root = options.keep;
     if (root.empty()) root = passing.emplace().path().toStdString();
-    DemoWorld world(root);
+    DemoWorld world(root, options.modelServer, options.modelServerName);
     const QGuiApplication application(argc, argv);
     const int code = runDemo(options, world);
     if (passing) passing->remove();

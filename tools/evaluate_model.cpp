@@ -7,15 +7,19 @@
 #include "Arguments.h"
 #include "Evaluation.h"
 #include "MarkedPart.h"
+#include "ToolModel.h"
 #include "base/Files.h"
 #include "base/Text.h"
+#include "models/ChosenModel.h"
 #include "models/embedded/EmbeddedModel.h"
+#include "platform/linux/FileUserDefaults.h"
 
 namespace brindlet::tools {
 namespace {
 
 constexpr std::string_view usage =
-    "evaluate_model [FILE] [--raw] [--guesses] [--own ADDRESS] [--correspondents FILE]\n"
+    "evaluate_model [FILE] [--raw] [--guesses | --model-server URL [--model-server-name NAME]]\n"
+    "               [--own ADDRESS] [--correspondents FILE]\n"
     "               [--jsonl | --update PAGE | --compare PAGE] [--at-least P]\n"
     "\n"
     "Sorts the labelled messages of FILE, or of the file that BRINDLET_CORPUS names, with the\n"
@@ -27,7 +31,11 @@ constexpr std::string_view usage =
     "and ambiguous. Ambiguous messages are sorted too, but count in no number.\n"
     "\n"
     "  --raw             asks the model about each message by itself, with nothing that protects\n"
-    "  --guesses         lets the model propose as junk what it is not sure of\n"
+    "  --guesses         lets the embedded model propose as junk what it is not sure of\n"
+    "  --model-server URL\n"
+    "                    asks a model server on this machine instead, see docs/model-server.md\n"
+    "  --model-server-name NAME\n"
+    "                    the model's name on that server\n"
     "  --own ADDRESS     mail from this address is the person's own\n"
     "  --correspondents FILE\n"
     "                    addresses that the person has written to, one a line\n"
@@ -53,6 +61,25 @@ std::vector<std::string> lowercasedLines(std::string_view text) {
         lines.push_back(lowercased(trimBlanks(line)));
     }
     return lines;
+}
+
+/// The model to be judged. None, with a finished sentence in `problem`, when a server is named that
+/// does not count: numbers of another model would be worse than none.
+std::unique_ptr<LanguageModel> judgedModel(const Arguments& arguments, std::string& problem) {
+    const auto server = arguments.option(serverOption);
+    const bool guesses = arguments.flag("--guesses");
+    if (!server)
+        return std::make_unique<EmbeddedModel>(guesses ? 0.F : EmbeddedModel::leastJunkProbability);
+    if (guesses) {
+        problem = "--guesses is for the embedded model.";
+        return nullptr;
+    }
+    FileUserDefaults settings;
+    settings.setString("model.server", *server);
+    settings.setString("model.server.name", arguments.option(serverNameOption).value_or(""));
+    auto chosen = chosenModel(settings);
+    problem = chosen.problem;
+    return problem.empty() ? std::move(chosen.model) : nullptr;
 }
 
 /// Does with the tables what the options ask for.
@@ -90,8 +117,9 @@ int evaluate(const std::string& path, const Arguments& arguments,
         ground.correspondents = AddressSet(lowercasedLines(*addresses));
     }
 
-    EmbeddedModel model(arguments.flag("--guesses") ? 0.F : EmbeddedModel::leastJunkProbability);
-    const auto classifier = std::make_shared<const Classifier>(model);
+    const auto model = judgedModel(arguments, problem);
+    if (!model) return fail(problem);
+    const auto classifier = std::make_shared<const Classifier>(*model);
     if (const auto trouble = classifier->availabilityProblem(); !trouble.empty())
         return fail(trouble);
     const auto answers = arguments.flag("--raw")
@@ -110,7 +138,8 @@ int evaluate(const std::string& path, const Arguments& arguments,
 
 int main(int count, char** values) {
     Arguments arguments(count, values,
-                        {"--own", "--correspondents", "--update", "--compare", "--at-least"},
+                        {"--own", "--correspondents", "--update", "--compare", "--at-least",
+                         serverOption, serverNameOption},
                         {"--raw", "--guesses", "--jsonl"});
     const auto percent = arguments.number("--at-least", 1, 100);
     if (arguments.help) {

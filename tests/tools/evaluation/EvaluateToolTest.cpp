@@ -5,6 +5,7 @@
 
 #include "base/Files.h"
 #include "doubles/Doubles.h"
+#include "doubles/HttpServer.h"
 #include "tools/RunTool.h"
 
 namespace brindlet {
@@ -59,6 +60,29 @@ TEST_F(EvaluateTool, WritesItsTablesIntoAPageAndNoticesOtherNumbers) {
     const auto tables = run("evaluate_model " + bounce).printed;
     EXPECT_EQ(files::read(page), "Top\n<!-- evaluation -->\n" + tables + "<!-- /evaluation -->\n");
     EXPECT_EQ(run("evaluate_model --compare " + page + " " + bounce).status, 0);
+}
+
+TEST_F(EvaluateTool, JudgesAModelServer) {
+    doubles::HttpServer server([](const auto&) {
+        return doubles::HttpServer::answer(
+            doubles::chatCompletion(R"({"category":"billOrPayment"})"));
+    });
+    const auto outcome =
+        run("evaluate_model --jsonl --model-server " + server.url() + " " + bounce);
+    EXPECT_EQ(outcome.printed,
+              "{\"id\":\"b\",\"category\":\"billOrPayment\",\"junk\":false,"
+              "\"vetoed\":false}\n");
+    EXPECT_EQ(server.requests().size(), 1U);
+}
+
+TEST_F(EvaluateTool, JudgesNoOtherModelThanTheOneThatWasNamed) {
+    const auto outcome =
+        run("evaluate_model --model-server http://192.0.2.1:8080 " + bounce, errorsOnly);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(outcome.printed.starts_with("The model server \"http://192.0.2.1:8080\""))
+        << outcome.printed;
+    EXPECT_EQ(run("evaluate_model --guesses --model-server http://127.0.0.1:1 " + bounce).status,
+              1);
 }
 
 TEST_F(EvaluateTool, IsSkippedWithoutAFile) {

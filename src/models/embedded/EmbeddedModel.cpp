@@ -3,11 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <numeric>
+#include <string>
 
 #include "models/embedded/EventReader.h"
 #include "models/embedded/Features.h"
 #include "models/embedded/Labels.h"
 #include "models/embedded/MailText.h"
+#include "models/embedded/PlainText.h"
+#include "models/embedded/Sender.h"
 #include "models/embedded/Weights.h"
 
 namespace brindlet {
@@ -23,9 +27,6 @@ struct EmbeddedModel::Parts {
 };
 
 namespace {
-
-/// Junk is thrown away, so a mere guess that something is junk is not worth saying.
-constexpr float leastJunkProbability = 0.3F;
 
 bool asksForEvent(const ModelSchema& schema) {
     return schema.name == "Event" && schema.properties.size() == 2 &&
@@ -52,16 +53,28 @@ bool isBounce(std::string_view subject) {
                                [&](std::string_view start) { return subject.starts_with(start); });
 }
 
-std::string_view bestLabel(const LabelScores& probabilities) {
+bool seemsPersonal(const MailText& mail) {
+    const std::string sender = folded(mail.sender);
+    return isReply(folded(mail.subject)) || Sender(sender).echoes() > 0;
+}
+
+std::string_view bestLabel(const MailText& mail, const LabelScores& probabilities,
+                           const JunkThresholds& thresholds) {
     const auto best = std::ranges::max_element(probabilities);
     const auto label = static_cast<std::size_t>(best - probabilities.begin());
-    if (label < junkLabels && *best < leastJunkProbability) return learnedLabels[cannotTellLabel];
-    return learnedLabels[label];
+    if (label >= junkLabels) return learnedLabels[label];
+    const float junk =
+        std::accumulate(probabilities.begin(), probabilities.begin() + junkLabels, 0.0F);
+    const float least = seemsPersonal(mail) ? thresholds.ofPersons : thresholds.ofOthers;
+    return learnedLabels[junk < least ? cannotTellLabel : label];
 }
 
 }  // namespace
 
-EmbeddedModel::EmbeddedModel() : EmbeddedModel(resources::embeddedModelWeights) {}
+EmbeddedModel::EmbeddedModel(JunkThresholds thresholds)
+    : EmbeddedModel(resources::embeddedModelWeights) {
+    thresholds_ = thresholds;
+}
 
 EmbeddedModel::EmbeddedModel(std::string_view weights) {
     if (const auto opened = Weights::open(weights))
@@ -89,7 +102,8 @@ std::optional<LanguageModel::Answer> EmbeddedModel::respond(const std::string&,
     const std::string_view label =
         isBounce(mail.subject)
             ? bounceLabel
-            : bestLabel(parts_->weights.probabilities(parts_->features.extract(mail)));
+            : bestLabel(mail, parts_->weights.probabilities(parts_->features.extract(mail)),
+                        thresholds_);
     return Answer{{"category", std::string(label)}};
 }
 

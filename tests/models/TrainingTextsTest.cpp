@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -13,6 +13,17 @@ namespace brindlet::training {
 namespace {
 
 constexpr std::string_view folder = BRINDLET_FIXTURES "/../../resources/training";
+
+TEST(TrainingGrammar, CountsASubjectOncePerScenarioAndKnowsEachLanguage) {
+    const std::string scenario = "senders:\na\nsubjects:\nb\nc\nbodies:\nd\n";
+    Grammar grammar;
+    ASSERT_EQ(grammar.addCategory(
+                  "x", "== weight 1\n" + scenario + "== weight 1, language pl\n" + scenario),
+              "");
+    const auto breadth = grammar.breadth("x");
+    EXPECT_EQ(breadth.patterns, 4U);
+    EXPECT_EQ(breadth.languages, (std::set<std::string, std::less<>>{"en", "pl"}));
+}
 
 class TrainingTexts : public testing::Test {
   protected:

@@ -6,6 +6,7 @@ find_package(ICU 70 REQUIRED COMPONENTS uc i18n)
 find_package(SQLite3 REQUIRED)
 pkg_check_modules(PCRE2 REQUIRED IMPORTED_TARGET libpcre2-8)
 find_package(simdjson REQUIRED)
+pkg_check_modules(LIBCURL REQUIRED IMPORTED_TARGET libcurl>=7.85)
 pkg_check_modules(OPENSSL REQUIRED IMPORTED_TARGET openssl>=3.0)
 
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")

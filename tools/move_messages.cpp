@@ -6,8 +6,8 @@
 
 #include "Arguments.h"
 #include "MovingSession.h"
+#include "ToolModel.h"
 #include "ToolWorld.h"
-#include "models/embedded/EmbeddedModel.h"
 #include "platform/linux/Memory.h"
 #include "sample/MailSettings.h"
 #include "sample/SimulatedApps.h"
@@ -20,6 +20,7 @@ namespace {
 constexpr const char* usage =
     "move_messages --home DIR --host PATH --store DIR ACCOUNT MAILBOX\n"
     "              [--resume | --put-back] [--ui-move] [--stop-after N] [--wait]\n"
+    "              [--model-server URL [--model-server-name NAME]]\n"
     "\n"
     "Scans a mailbox of a sample home and moves what the scan ticks. Prints a JSON line for each\n"
     "change of the move's stage, and one for how it ended.\n"
@@ -34,6 +35,10 @@ constexpr const char* usage =
     "  --stop-after N  stops the move once so many messages have moved\n"
     "  --wait          prints a line when all is ready, and moves at the end of standard input;\n"
     "                  a tracer may be attached meanwhile\n"
+    "  --model-server URL\n"
+    "                  lets a model server on this machine sort, see docs/model-server.md\n"
+    "  --model-server-name NAME\n"
+    "                  the model's name on that server\n"
     "  --help          this text\n";
 
 int complain(const std::string& sentence, int status) {
@@ -53,14 +58,14 @@ void awaitEndOfInput() {
 int move(const Arguments& arguments, MoveOrder order) {
     const std::string home = *arguments.option("--home");
     ::setenv(sample::sampleHomeVariable, home.c_str(), 1);
-    EmbeddedModel model;
     sample::SimulatedApps apps(home);
     ToolWorld world(home, arguments.option("--store"));
     world.scriptHost = *arguments.option("--host");
     world.defaults.setInteger("scan.limit", 0);
     world.defaults.setString("scan.reach", "everything");
     world.defaults.setBoolean("allowUIMove", arguments.flag("--ui-move"));
-    const auto state = AppState::make(world.services(model, apps));
+    const auto model = toolModel(arguments, world.defaults);
+    const auto state = AppState::make(world.services(*model, apps));
     if (!state->canReadIndex()) return complain("There is no mail index that can be read.", 1);
     const std::string problem = MovingSession(world.loop, state, std::move(order)).run();
     return problem.empty() ? 0 : complain(problem, 1);
@@ -68,8 +73,10 @@ int move(const Arguments& arguments, MoveOrder order) {
 
 int main(int count, char** values) {
     shareHeaps();
-    Arguments arguments(count, values, {"--home", "--host", "--store", "--stop-after"},
-                        {"--resume", "--put-back", "--ui-move", "--wait"});
+    Arguments arguments(
+        count, values,
+        {"--home", "--host", "--store", "--stop-after", serverOption, serverNameOption},
+        {"--resume", "--put-back", "--ui-move", "--wait"});
     if (arguments.help) {
         std::fputs(usage, stdout);
         return 0;

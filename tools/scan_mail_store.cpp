@@ -5,9 +5,9 @@
 #include <string>
 
 #include "Arguments.h"
+#include "ToolModel.h"
 #include "ToolWorld.h"
 #include "base/Json.h"
-#include "models/embedded/EmbeddedModel.h"
 #include "platform/linux/Memory.h"
 #include "session/AppState.h"
 
@@ -18,6 +18,7 @@ namespace {
 
 constexpr const char* usage =
     "scan_mail_store --home DIR ACCOUNT MAILBOX [--limit N] [--reach R] [--store DIR]\n"
+    "                [--model-server URL [--model-server-name NAME]]\n"
     "\n"
     "Scans a mailbox below the home folder and prints a JSON line for each verdict; on standard\n"
     "error the stages as they come, and what it took.\n"
@@ -27,11 +28,17 @@ constexpr const char* usage =
     "  --limit N    at most the N newest messages; 0, the default, takes all\n"
     "  --reach R    week, month, threeMonths, year or everything, the default\n"
     "  --store DIR  where what is learned is kept; otherwise it is forgotten at the end\n"
+    "  --model-server URL\n"
+    "               lets a model server on this machine sort, see docs/model-server.md\n"
+    "  --model-server-name NAME\n"
+    "               the model's name on that server\n"
     "  --help       this text\n";
 
 /// Counts the calls on their way to the model.
 class CountingModel : public LanguageModel {
   public:
+    explicit CountingModel(LanguageModel& model) : model_(model) {}
+
     ModelAvailability availability() const override { return model_.availability(); }
     std::optional<Answer> respond(const std::string& instructions, const ModelSchema& schema,
                                   const std::string& prompt, const ModelOptions& options) override {
@@ -42,7 +49,7 @@ class CountingModel : public LanguageModel {
     std::atomic<std::int64_t> calls = 0;
 
   private:
-    EmbeddedModel model_;
+    LanguageModel& model_;
 };
 
 void printVerdict(const Verdict& verdict, bool ticked) {
@@ -86,8 +93,9 @@ std::optional<Target> find(const MailStore& mail, const std::string& account,
 }
 
 int scan(const Arguments& arguments, std::int64_t limit, const std::string& reach) {
-    CountingModel model;
     ToolWorld world(*arguments.option("--home"), arguments.option("--store"));
+    const auto asked = toolModel(arguments, world.defaults);
+    CountingModel model(*asked);
     world.defaults.setInteger("scan.limit", limit);
     world.defaults.setString("scan.reach", reach);
     const auto state = AppState::make(world.services(model));
@@ -127,7 +135,8 @@ int scan(const Arguments& arguments, std::int64_t limit, const std::string& reac
 
 int main(int count, char** values) {
     shareHeaps();
-    Arguments arguments(count, values, {"--home", "--limit", "--reach", "--store"});
+    Arguments arguments(
+        count, values, {"--home", "--limit", "--reach", "--store", serverOption, serverNameOption});
     if (arguments.help) {
         std::fputs(usage, stdout);
         return 0;

@@ -2,7 +2,7 @@
 
 #include "app/Application.h"
 #include "app/QtMainQueue.h"
-#include "models/embedded/EmbeddedModel.h"
+#include "models/ChosenModel.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/Memory.h"
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     LinuxPower power;
     XdgDesktop desktop;
     FileUserDefaults defaults(directories.configuration() + "/defaults.json");
-    EmbeddedModel model;
+    const auto chosen = chosenModel(defaults);
     PosixProcessRunner processes;
     NoRunningApps runningApps;
     SecretServiceKeyStore keys;
@@ -35,7 +35,7 @@ int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
     QtMainQueue queue;
     const auto state =
-        AppState::make({clock, directories, queue, defaults, model, power, desktop, locale,
+        AppState::make({clock, directories, queue, defaults, *chosen.model, power, desktop, locale,
                         processes, runningApps, keys, tls, "/usr/bin/osascript"});
     runApplication(*state, queue);
 }

@@ -58,21 +58,28 @@ class SerialQueue {
 /// one by one, in the order in which the children finish. Only the owning thread calls it.
 ///
 /// Dropping the group abandons what still runs: such a child finishes by itself, touches only what
-/// it owns, and its result is thrown away. Threads are the group's own, so that a child that never
-/// answers starves nobody else.
+/// it owns, and its result is thrown away. A child that would like to end early then watches
+/// `abandoned`. Threads are the group's own, so that a child that never answers starves nobody
+/// else.
 template <class R>
 class TaskGroup {
   public:
     explicit TaskGroup(int width) : state_(std::make_shared<State>(width)) {}
     ~TaskGroup() {
         std::deque<std::function<R()>> dropped;  // what they own ends outside the lock
-        Lock lock(state_->mutex);
-        state_->closed = true;
-        dropped.swap(state_->waiting);
-        state_->added.notifyAll();
+        {
+            Lock lock(state_->mutex);
+            state_->closed = true;
+            dropped.swap(state_->waiting);
+            state_->added.notifyAll();
+        }
+        abandoned_.cancel();
     }
     TaskGroup(const TaskGroup&) = delete;
     TaskGroup& operator=(const TaskGroup&) = delete;
+
+    /// Cancelled when the group goes.
+    const CancelToken& abandoned() const { return abandoned_; }
 
     void add(std::function<R()> child) {
         bool needsThread = false;
@@ -138,6 +145,7 @@ class TaskGroup {
     }
 
     std::shared_ptr<State> state_;
+    CancelToken abandoned_;
 };
 
 /// A fixed crew for one kind of indexed work: the calling thread and threads that are kept between

@@ -49,9 +49,11 @@ std::string Classifier::prompt(std::string_view sender, std::string_view subject
 }
 
 Category Classifier::classify(std::string_view sender, std::string_view subject,
-                              std::string_view body) const {
+                              std::string_view body, const CancelToken& abandoned) const {
+    ModelOptions options;
+    options.abandoned = abandoned;
     const auto answer = model_.respond(std::string(instructions()), labelSchema(),
-                                       prompt(sender, subject, body), ModelOptions{});
+                                       prompt(sender, subject, body), options);
     if (!answer) return Category::cannotTell;
     const auto word = answer->find("category");
     if (word == answer->end()) return Category::cannotTell;

@@ -24,9 +24,9 @@ class Classifier {
     /// Why the model cannot be used, as a finished sentence; empty when it can.
     std::string availabilityProblem() const;
 
-    /// Never fails: whatever goes wrong gives `cannotTell`.
-    Category classify(std::string_view sender, std::string_view subject,
-                      std::string_view body) const;
+    /// Never fails: whatever goes wrong gives `cannotTell`, and so does being abandoned.
+    Category classify(std::string_view sender, std::string_view subject, std::string_view body,
+                      const CancelToken& abandoned = {}) const;
 
     /// The instructions, the answer's schema and the prompt, as a model gets them.
     static std::string_view instructions();
@@ -69,8 +69,8 @@ class Classifier {
     };
     static std::string_view eventInstructions();
     static const ModelSchema& eventSchema();
-    /// One model call; none when the model fails.
-    std::optional<Event> event(std::string_view subject) const;
+    /// One model call; none when the model fails, or is abandoned.
+    std::optional<Event> event(std::string_view subject, const CancelToken& abandoned = {}) const;
     static bool sameEvent(const Event& a, const Event& b);
     /// The indices of the candidates that tell of the same event. One model call a subject, one
     /// after another, so it belongs on a task of utility priority; on cancellation, what has been

@@ -69,9 +69,12 @@ const ModelSchema& Classifier::eventSchema() {
     return schema;
 }
 
-std::optional<Classifier::Event> Classifier::event(std::string_view subject) const {
+std::optional<Classifier::Event> Classifier::event(std::string_view subject,
+                                                   const CancelToken& abandoned) const {
+    ModelOptions options;
+    options.abandoned = abandoned;
     const auto answer = model_.respond(std::string(eventInstructions()), eventSchema(),
-                                       std::string(subject), ModelOptions{});
+                                       std::string(subject), options);
     if (!answer) return std::nullopt;
     const auto action = answer->find("action");
     if (action == answer->end() || action->second.empty()) return std::nullopt;
@@ -97,10 +100,10 @@ std::set<std::size_t> Classifier::kinIndices(std::string_view reference,
                                              const std::vector<std::string>& candidates,
                                              const CancelToken& token) const {
     std::set<std::size_t> kin;
-    const auto wanted = event(reference);
+    const auto wanted = event(reference, token);
     if (!wanted) return kin;
     for (std::size_t i = 0; i < candidates.size() && !token.cancelled(); ++i) {
-        const auto found = event(candidates[i]);
+        const auto found = event(candidates[i], token);
         if (found && sameEvent(*wanted, *found)) kin.insert(i);
     }
     return kin;

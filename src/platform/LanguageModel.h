@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/Cancel.h"
+
 namespace brindlet {
 
 /// What an answer must look like: an object of string properties, each free or one of a few words.
@@ -26,6 +28,9 @@ struct ModelSchema {
 struct ModelOptions {
     bool greedy = true;
     bool includeSchemaInPrompt = true;
+    /// Cancelled once nobody waits for the answer any more. A model whose work costs something ends
+    /// it then, and answers none; others need not look.
+    CancelToken abandoned;
 };
 
 enum class ModelAvailability {

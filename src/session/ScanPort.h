@@ -3,12 +3,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
-#include "base/Date.h"
 #include "mail/Reach.h"
-#include "session/VerdictList.h"
+#include "session/SortingPort.h"
 #include "stores/Calibration.h"
 #include "stores/Rule.h"
 #include "stores/Seen.h"
@@ -19,10 +17,8 @@ namespace brindlet {
 /// `publish` and `pausesOnBattery`, is carried out on the main thread before it returns, all in the
 /// order of the calls. An operation that answers none or false says that the session is gone; the
 /// scan then unwinds.
-class ScanPort {
+class ScanPort : public SortingPort {
   public:
-    virtual ~ScanPort() = default;
-
     struct Bounds {
         std::int64_t limit = 0;
         Reach reach = Reach::month;
@@ -43,7 +39,6 @@ class ScanPort {
     virtual std::optional<Learned> learned() = 0;
     virtual bool setCorrespondentCount(std::int64_t count) = 0;
 
-    virtual bool setStage(const std::string& stage) = 0;
     virtual bool located(std::int64_t rows) = 0;
     virtual bool reading(std::int64_t handled, std::int64_t rows) = 0;
     /// The safety stop; nothing of the scan is recorded.
@@ -51,18 +46,6 @@ class ScanPort {
     virtual bool willSort(std::int64_t skipped, std::int64_t kept) = 0;
     /// The end of a scan that has nothing to sort, or was cancelled before it began to.
     virtual bool endWithoutSorting() = 0;
-
-    struct Progress {
-        std::int64_t done = 0;
-        double rate = 0;
-        std::optional<double> eta;
-        VerdictList verdicts;
-    };
-    /// Returns before it is carried out, but not before the one before it was.
-    virtual bool publish(const Progress& progress) = 0;
-    /// The switch as it stands now.
-    virtual bool pausesOnBattery() = 0;
-    virtual bool finish(const VerdictList& verdicts, Date started) = 0;
 };
 
 }  // namespace brindlet

@@ -195,6 +195,25 @@ TEST(TaskGroup, ChildrenMayBeAddedAsResultsCome) {
     EXPECT_EQ(sum, 99 * 100 / 2);
 }
 
+TEST(TaskGroup, AbandonedChildrenCanLearnOfIt) {
+    const auto ended = std::make_shared<Gate>();
+    CancelToken abandoned;
+    {
+        TaskGroup<int> group(2);
+        abandoned = group.abandoned();
+        group.add([] { return 7; });
+        group.add([ended, token = group.abandoned()] {
+            EXPECT_FALSE(token.sleep(3600));
+            ended->raise();
+            return 8;
+        });
+        EXPECT_EQ(*group.next(), 7);
+        EXPECT_FALSE(abandoned.cancelled());
+    }
+    EXPECT_TRUE(abandoned.cancelled());
+    ended->waitFor(1);
+}
+
 TEST(TaskGroup, DroppingItAbandonsWhatStillRuns) {
     const auto go = std::make_shared<Gate>();
     const auto ended = std::make_shared<Gate>();

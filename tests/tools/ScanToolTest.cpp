@@ -4,6 +4,7 @@
 
 #include "base/Files.h"
 #include "doubles/Doubles.h"
+#include "doubles/HttpServer.h"
 #include "doubles/MailHome.h"
 #include "stores/History.h"
 #include "stores/Seen.h"
@@ -71,6 +72,27 @@ TEST_F(ScanTool, KeepsWhatItLearnsInTheStoreThatItIsGiven) {
 
 TEST_F(ScanTool, TakesALimit) {
     EXPECT_EQ(lines(run(command("--limit 1")).printed), 1);
+}
+
+TEST_F(ScanTool, LetsAModelServerOnThisMachineSort) {
+    doubles::HttpServer server([](const auto&) {
+        return doubles::HttpServer::answer(
+            doubles::chatCompletion(R"({"category":"deliveryFailureBounce"})"));
+    });
+    const std::string named = "--model-server " + server.url() + " --model-server-name small";
+    const auto outcome = run(command(named));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.printed.find("\"category\":\"deliveryFailureBounce\""), std::string::npos)
+        << outcome.printed;
+    ASSERT_EQ(server.requests().size(), 2u);
+    EXPECT_NE(server.requests()[0].body.find("\"model\":\"small\""), std::string::npos);
+}
+
+TEST_F(ScanTool, TellsOfAServerThatIsNotThisMachineAndSortsByItself) {
+    const auto named = command("--model-server http://192.0.2.1:8080");
+    const auto told = run(named, errorsOnly).printed;
+    EXPECT_EQ(told.rfind("The model server \"http://192.0.2.1:8080\" is not asked", 0), 0u) << told;
+    EXPECT_EQ(run(named).printed, run(command()).printed);
 }
 
 TEST_F(ScanTool, SaysWhatIsWrong) {

@@ -1,13 +1,15 @@
 #include "app/demo/DemoWorld.h"
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 
-#include "base/Cancel.h"
 #include "base/Files.h"
+#include "models/ChosenModel.h"
 #include "sample/MailPresence.h"
 #include "sample/MailSettings.h"
+#include "words/GooglePages.h"
 
 namespace brindlet::demo {
 namespace {
@@ -19,6 +21,15 @@ std::string besideThisProgram(const char* name) {
     return (self.parent_path() / name).string();
 }
 
+std::unique_ptr<LanguageModel> modelBy(UserDefaults& defaults, const std::string& server,
+                                       const std::string& name) {
+    if (!server.empty()) defaults.setString("model.server", server);
+    if (!name.empty()) defaults.setString("model.server.name", name);
+    auto chosen = chosenModel(defaults);
+    if (!chosen.problem.empty()) std::fprintf(stderr, "%s\n", chosen.problem.c_str());
+    return std::move(chosen.model);
+}
+
 }  // namespace
 
 DemoDirectories::DemoDirectories(std::string root) : root_(std::move(root)) {
@@ -27,6 +38,7 @@ DemoDirectories::DemoDirectories(std::string root) : root_(std::move(root)) {
 
 void SayingDesktop::openLink(const std::string& url) {
     std::fprintf(stderr, "would open %s\n", url.c_str());
+    if (url == googlePages::appPasswords) tellAppPasswords(home_);
 }
 
 void SayingDesktop::openDiskAccessSettings() {
@@ -46,13 +58,18 @@ std::optional<LanguageModel::Answer> PacedModel::respond(const std::string& inst
                                                          const ModelSchema& schema,
                                                          const std::string& prompt,
                                                          const ModelOptions& options) {
-    constexpr double secondsACall = 0.015;
-    (void)CancelToken().sleep(secondsACall);
-    return model_.respond(instructions, schema, prompt, options);
+    constexpr double leastSeconds = 0.015;
+    const auto start = std::chrono::steady_clock::now();
+    auto answer = model_->respond(instructions, schema, prompt, options);
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    if (taken.count() < leastSeconds) (void)options.abandoned.sleep(leastSeconds - taken.count());
+    return answer;
 }
 
-DemoWorld::DemoWorld(const std::string& root)
+DemoWorld::DemoWorld(const std::string& root, const std::string& modelServer,
+                     const std::string& modelServerName)
     : directories(root),
+      model(modelBy(defaults, modelServer, modelServerName)),
       desktop(directories.home()),
       runningApps(directories.home()),
       scriptHost(besideThisProgram("osascript")) {

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 #include <string>
 #include <utility>
 
 #include "app/demo/DemoGmail.h"
-#include "models/embedded/EmbeddedModel.h"
 #include "platform/Desktop.h"
 #include "platform/Directories.h"
+#include "platform/LanguageModel.h"
 #include "platform/Power.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/SystemClock.h"
@@ -36,6 +37,7 @@ class SayingDesktop : public Desktop {
   public:
     explicit SayingDesktop(std::string home) : home_(std::move(home)) {}
 
+    /// Of Google's page for app passwords it also says what would be made there.
     void openLink(const std::string& url) override;
     void openDiskAccessSettings() override;
     /// Launches the simulated one.
@@ -56,23 +58,27 @@ class PluggedPower : public Power {
     std::atomic<bool> battery_ = false;
 };
 
-/// The embedded model at the pace of a larger one: by itself it would have the sample sorted before
+/// A model that takes its time: by itself the one inside would have the sample sorted before
 /// anybody saw the ring fill.
 class PacedModel : public LanguageModel {
   public:
-    ModelAvailability availability() const override { return model_.availability(); }
+    explicit PacedModel(std::unique_ptr<LanguageModel> model) : model_(std::move(model)) {}
+
+    ModelAvailability availability() const override { return model_->availability(); }
     std::optional<Answer> respond(const std::string& instructions, const ModelSchema& schema,
                                   const std::string& prompt, const ModelOptions& options) override;
 
   private:
-    EmbeddedModel model_;
+    const std::unique_ptr<LanguageModel> model_;
 };
 
 /// The adapters of the demo: all that a person could miss is of its own, the rest is real.
 struct DemoWorld {
     /// Made before any thread: it tells the processes that this one starts which home is their
-    /// mail's, by the environment.
-    explicit DemoWorld(const std::string& root);
+    /// mail's, by the environment. A model server that is named but does not count is told of on
+    /// standard error.
+    explicit DemoWorld(const std::string& root, const std::string& modelServer = {},
+                       const std::string& modelServerName = {});
 
     DemoDirectories directories;
     SystemClock clock;

@@ -7,14 +7,20 @@ namespace brindlet::demo {
 
 const char* const usage =
     "brindlet-demo [--messages N] [--keep DIR] [--light] [--size WIDTHxHEIGHT] [--tour DIR]\n"
+    "              [--model-server URL [--model-server-name NAME]]\n"
     "\n"
-    "Brindlet over sample mail, in folders of its own that are removed at the end.\n"
+    "Brindlet over sample mail, in folders of its own that are removed at the end. Prints the app\n"
+    "password that its Gmail account can be connected with.\n"
     "\n"
     "  --messages N   how many messages the sample mail has (2000)\n"
     "  --keep DIR     use this folder, and leave it there; mail in it is used again\n"
     "  --light        the light look\n"
     "  --size WxH     the window's size, such as 980x640\n"
-    "  --tour DIR     plays a visit, puts a picture of each screen into DIR, and ends\n";
+    "  --tour DIR     plays a visit, puts a picture of each screen into DIR, and ends\n"
+    "  --model-server URL\n"
+    "                 lets a model server on this machine sort, see docs/model-server.md\n"
+    "  --model-server-name NAME\n"
+    "                 the model's name on that server\n";
 
 Options parseOptions(int argc, char** argv) {
     Options options;
@@ -29,6 +35,10 @@ Options parseOptions(int argc, char** argv) {
             understood = !(options.keep = value()).empty();
         } else if (word == "--tour") {
             understood = !(options.tour = value()).empty();
+        } else if (word == "--model-server") {
+            understood = !(options.modelServer = value()).empty();
+        } else if (word == "--model-server-name") {
+            understood = !(options.modelServerName = value()).empty();
         } else if (word == "--size") {
             const auto sides = QString::fromStdString(value()).split(QLatin1Char('x'));
             options.size = QSize(sides.value(0).toInt(), sides.value(1).toInt());

@@ -12,6 +12,9 @@ struct Options {
     std::string keep;
     /// Where the tour puts its pictures; no tour when empty.
     std::string tour;
+    /// A model server on this machine; the model inside when empty.
+    std::string modelServer;
+    std::string modelServerName;
     bool light = false;
     QSize size;
     bool help = false;

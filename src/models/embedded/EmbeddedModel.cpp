@@ -24,6 +24,7 @@ struct EmbeddedModel::Parts {
 
 namespace {
 
+<<<<<<< HEAD
 /// Junk is thrown away, so a mere guess that something is junk is not worth saying.
 constexpr float leastJunkProbability = 0.3F;
 
@@ -34,6 +35,9 @@ bool asksForEvent(const ModelSchema& schema) {
 }
 
 bool asksForCategory(const ModelSchema& schema) {
+=======
+bool isKnown(const ModelSchema& schema) {
+>>>>>>> models
     if (schema.name != "Label" || schema.properties.size() != 1) return false;
     const auto& property = schema.properties.front();
     if (property.name != "category" || property.anyOf.size() != learnedLabels.size() + 1)
@@ -52,16 +56,18 @@ bool isBounce(std::string_view subject) {
                                [&](std::string_view start) { return subject.starts_with(start); });
 }
 
-std::string_view bestLabel(const LabelScores& probabilities) {
+std::string_view bestLabel(const LabelScores& probabilities, float leastJunk) {
     const auto best = std::ranges::max_element(probabilities);
     const auto label = static_cast<std::size_t>(best - probabilities.begin());
-    if (label < junkLabels && *best < leastJunkProbability) return learnedLabels[cannotTellLabel];
+    if (label < junkLabels && *best < leastJunk) return learnedLabels[cannotTellLabel];
     return learnedLabels[label];
 }
 
 }  // namespace
 
-EmbeddedModel::EmbeddedModel() : EmbeddedModel(resources::embeddedModelWeights) {}
+EmbeddedModel::EmbeddedModel(float leastJunk) : EmbeddedModel(resources::embeddedModelWeights) {
+    leastJunk_ = leastJunk;
+}
 
 EmbeddedModel::EmbeddedModel(std::string_view weights) {
     if (const auto opened = Weights::open(weights))
@@ -89,7 +95,7 @@ std::optional<LanguageModel::Answer> EmbeddedModel::respond(const std::string&,
     const std::string_view label =
         isBounce(mail.subject)
             ? bounceLabel
-            : bestLabel(parts_->weights.probabilities(parts_->features.extract(mail)));
+            : bestLabel(parts_->weights.probabilities(parts_->features.extract(mail)), leastJunk_);
     return Answer{{"category", std::string(label)}};
 }
 

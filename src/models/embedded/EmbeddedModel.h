@@ -16,8 +16,12 @@ namespace brindlet {
 /// of calls at once: it is constant once made.
 class EmbeddedModel : public LanguageModel {
   public:
-    /// With the weights that the program carries.
-    EmbeddedModel();
+    /// Junk is thrown away, so that something is junk is said only with so much probability; below
+    /// it the answer is that nothing can be told.
+    static constexpr float leastJunkProbability = 0.3F;
+
+    /// With the weights that the program carries. With 0 it says all that it guesses.
+    explicit EmbeddedModel(float leastJunk = leastJunkProbability);
     /// With other weights, which are not copied and outlive the model. Damaged ones make a model
     /// that is unavailable and fails every call.
     explicit EmbeddedModel(std::string_view weights);
@@ -30,6 +34,7 @@ class EmbeddedModel : public LanguageModel {
   private:
     struct Parts;
     std::unique_ptr<const Parts> parts_;
+    float leastJunk_ = leastJunkProbability;
 };
 
 }  // namespace brindlet

@@ -69,7 +69,7 @@ std::unique_ptr<LanguageModel> judgedModel(const Arguments& arguments, std::stri
     const auto server = arguments.option(serverOption);
     const bool guesses = arguments.flag("--guesses");
     if (!server)
-        return std::make_unique<EmbeddedModel>(guesses ? JunkThresholds::none() : JunkThresholds{});
+        return std::make_unique<EmbeddedModel>(guesses ? 0.F : EmbeddedModel::leastJunkProbability);
     if (guesses) {
         problem = "--guesses is for the embedded model.";
         return nullptr;

@@ -27,7 +27,7 @@ class EmbeddedAdversary : public testing::Test {
     std::vector<Answer> sort(const std::vector<LabelledMail>& mails) {
         return tools::sortLabelled(mails, classifier, {});
     }
-    EmbeddedModel model{JunkThresholds::none()};
+    EmbeddedModel model{0.F};
     std::shared_ptr<const Classifier> classifier = std::make_shared<const Classifier>(model);
 };
 

@@ -4,14 +4,11 @@
 #include <array>
 #include <cstddef>
 #include <numeric>
-#include <string>
 
 #include "models/embedded/EventReader.h"
 #include "models/embedded/Features.h"
 #include "models/embedded/Labels.h"
 #include "models/embedded/MailText.h"
-#include "models/embedded/PlainText.h"
-#include "models/embedded/Sender.h"
 #include "models/embedded/Weights.h"
 
 namespace brindlet {
@@ -53,27 +50,19 @@ bool isBounce(std::string_view subject) {
                                [&](std::string_view start) { return subject.starts_with(start); });
 }
 
-bool seemsPersonal(const MailText& mail) {
-    const std::string sender = folded(mail.sender);
-    return isReply(folded(mail.subject)) || Sender(sender).echoes() > 0;
-}
-
-std::string_view bestLabel(const MailText& mail, const LabelScores& probabilities,
-                           const JunkThresholds& thresholds) {
+std::string_view bestLabel(const LabelScores& probabilities, float leastJunk) {
     const auto best = std::ranges::max_element(probabilities);
     const auto label = static_cast<std::size_t>(best - probabilities.begin());
     if (label >= junkLabels) return learnedLabels[label];
     const float junk =
         std::accumulate(probabilities.begin(), probabilities.begin() + junkLabels, 0.0F);
-    const float least = seemsPersonal(mail) ? thresholds.ofPersons : thresholds.ofOthers;
-    return learnedLabels[junk < least ? cannotTellLabel : label];
+    return learnedLabels[junk < leastJunk ? cannotTellLabel : label];
 }
 
 }  // namespace
 
-EmbeddedModel::EmbeddedModel(JunkThresholds thresholds)
-    : EmbeddedModel(resources::embeddedModelWeights) {
-    thresholds_ = thresholds;
+EmbeddedModel::EmbeddedModel(float leastJunk) : EmbeddedModel(resources::embeddedModelWeights) {
+    leastJunk_ = leastJunk;
 }
 
 EmbeddedModel::EmbeddedModel(std::string_view weights) {
@@ -102,8 +91,7 @@ std::optional<LanguageModel::Answer> EmbeddedModel::respond(const std::string&,
     const std::string_view label =
         isBounce(mail.subject)
             ? bounceLabel
-            : bestLabel(mail, parts_->weights.probabilities(parts_->features.extract(mail)),
-                        thresholds_);
+            : bestLabel(parts_->weights.probabilities(parts_->features.extract(mail)), leastJunk_);
     return Answer{{"category", std::string(label)}};
 }
 

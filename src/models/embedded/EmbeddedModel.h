@@ -7,18 +7,6 @@
 
 namespace brindlet {
 
-/// Junk is thrown away, so that something is junk is said only with so much probability; below it
-/// the answer is that nothing can be told. What comes from a person, or seems to, or is a reply, is
-/// worth more than the rest. Chosen on tests/models/validation.jsonl, whose messages lie near the
-/// border and of which no training text knows: above these, few that must stay are called junk.
-struct JunkThresholds {
-    float ofOthers = 0.7F;
-    float ofPersons = 0.9F;
-
-    /// The model then says all that it guesses.
-    static constexpr JunkThresholds none() { return {0, 0}; }
-};
-
 /// The mail sorter that ships inside the program: a small linear model over a prompt's sender,
 /// subject and body. It knows two schemas: the category's - "Label" with the one property
 /// "category", any of the ten words - and the event's, "Event" with "action" and "object", which it
@@ -28,8 +16,13 @@ struct JunkThresholds {
 /// of calls at once: it is constant once made.
 class EmbeddedModel : public LanguageModel {
   public:
-    /// With the weights that the program carries.
-    explicit EmbeddedModel(JunkThresholds thresholds = {});
+    /// Junk is thrown away, so that something is junk is said only when all kinds of junk together
+    /// are so probable; below it the answer is that nothing can be told. Chosen on the messages of
+    /// tests/models/validation.jsonl, which lie near the border and which no training text knows.
+    static constexpr float leastJunkProbability = 0.8F;
+
+    /// With the weights that the program carries. With 0 it says all that it guesses.
+    explicit EmbeddedModel(float leastJunk = leastJunkProbability);
     /// With other weights, which are not copied and outlive the model. Damaged ones make a model
     /// that is unavailable and fails every call.
     explicit EmbeddedModel(std::string_view weights);
@@ -42,7 +35,7 @@ class EmbeddedModel : public LanguageModel {
   private:
     struct Parts;
     std::unique_ptr<const Parts> parts_;
-    JunkThresholds thresholds_;
+    float leastJunk_ = leastJunkProbability;
 };
 
 }  // namespace brindlet

@@ -31,8 +31,7 @@ std::size_t Sender::echoes() const {
 
 bool isReply(std::string_view foldedSubject) {
     static constexpr std::string_view starts[]{
-        "re:", "re :", "fw:",  "fw :",  "fwd:", "aw:", "sv:", "wg:",
-        "tr:", "rv:",  "enc:", "antw:", "odp:", "r:",  "i:"};
+        "re:", "re :", "fw:", "fw :", "fwd:", "aw:", "sv:", "wg:"};
     return std::ranges::any_of(
         starts, [&](std::string_view start) { return foldedSubject.starts_with(start); });
 }

@@ -18,7 +18,7 @@ struct Sender {
     std::size_t echoes() const;
 };
 
-/// Whether a folded subject begins as replies and forwarded mail do, in any of eight languages.
+/// Whether a folded subject begins as replies and forwarded mail do.
 bool isReply(std::string_view foldedSubject);
 
 }  // namespace brindlet

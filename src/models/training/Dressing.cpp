@@ -98,12 +98,6 @@ void dressUp(SampleMail& mail, Grammar::Dress dress, Random& random) {
     else if (drawn < 17 && dress == Grammar::Dress::bulk)
         mail.subject.insert(0, anyOf(pictures, random));
 
-    // Servers mark what they take for spam, and forwarding servers mark it once more.
-    static constexpr std::array<std::string_view, 5> marks{"[SPAM] ", "[SPAM] ", "***SPAM*** ",
-                                                           "[Spam] ", "[Bulk] "};
-    if (dress == Grammar::Dress::bulk && random.chance(4))
-        mail.subject.insert(0, anyOf(marks, random));
-
     // Web mail often begins with its subject as a heading.
     if (dress != Grammar::Dress::plain && random.chance(12))
         mail.body.insert(0, mail.subject + ' ');

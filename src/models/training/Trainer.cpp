@@ -63,6 +63,10 @@ class Samples {
     FeatureExtractor extractor_;
 };
 
+void addShare(LabelScores& sums, const LabelScores& scores, float share) {
+    for (std::size_t label = 0; label < labelCount; ++label) sums[label] += share * scores[label];
+}
+
 }  // namespace
 
 std::string trainedWeights(const Grammar& grammar, const TrainingPlan& plan) {
@@ -75,28 +79,36 @@ std::string trainedWeights(const Grammar& grammar, const TrainingPlan& plan) {
         survey.count(samples.next(label));
     const Vocabulary vocabulary(survey.chosen(plan.fewestTimes, plan.mostFeatures));
 
-    Softmax softmax(vocabulary.keys().size());
     NaiveBayes bayes(vocabulary.keys().size());
-    for (std::size_t sample = 0; sample < plan.samples; ++sample) {
-        const Features features = samples.next(label);
-        bayes.count(vocabulary.known(features, [] { return true; }), label);
-        const auto shown =
-            vocabulary.known(features, [&] { return !random.chance(plan.hiddenFeatures); });
-        const double progress = static_cast<double>(sample) / static_cast<double>(plan.samples);
-        softmax.step(
-            shown, label, plan.certainty,
-            static_cast<float>(plan.firstStep + (plan.lastStep - plan.firstStep) * progress));
-        if (sample * 2 >= plan.samples && sample % (plan.samples / 40) == 0) softmax.remember();
+    WeightTable weights(vocabulary.keys().size());
+    LabelScores biases{};
+    for (std::size_t round = 0; round < plan.rounds; ++round) {
+        Softmax softmax(vocabulary.keys().size());
+        for (std::size_t sample = 0; sample < plan.samples; ++sample) {
+            const Features features = samples.next(label);
+            bayes.count(vocabulary.known(features, [] { return true; }), label);
+            const auto shown =
+                vocabulary.known(features, [&] { return !random.chance(plan.hiddenFeatures); });
+            const double progress = static_cast<double>(sample) / static_cast<double>(plan.samples);
+            softmax.step(
+                shown, label, plan.certainty,
+                static_cast<float>(plan.firstStep + (plan.lastStep - plan.firstStep) * progress));
+            if (sample * 2 >= plan.samples && sample % (plan.samples / 40) == 0) softmax.remember();
+        }
+        softmax.settle();
+        const float share = 1.0F / static_cast<float>(plan.rounds);
+        addShare(biases, softmax.biases, share);
+        for (std::size_t i = 0; i < weights.size(); ++i)
+            addShare(weights[i], softmax.weights[i], share);
     }
-    softmax.settle();
-    bayes.mergeInto(softmax.weights, plan.bayesShare, plan.bayesFlattening);
-    for (float& bias : softmax.biases) bias *= static_cast<float>(1 - plan.bayesShare);
+    bayes.mergeInto(weights, plan.bayesShare, plan.bayesFlattening);
+    for (float& bias : biases) bias *= static_cast<float>(1 - plan.bayesShare);
 
     std::vector<Weights::Row> rows;
     rows.reserve(vocabulary.keys().size());
     for (std::size_t i = 0; i < vocabulary.keys().size(); ++i)
-        rows.push_back({vocabulary.keys()[i], softmax.weights[i]});
-    return Weights::written(rows, softmax.biases);
+        rows.push_back({vocabulary.keys()[i], weights[i]});
+    return Weights::written(rows, biases);
 }
 
 }  // namespace brindlet::training

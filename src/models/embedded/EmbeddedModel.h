@@ -19,7 +19,7 @@ class EmbeddedModel : public LanguageModel {
     /// Junk is thrown away, so that something is junk is said only when all kinds of junk together
     /// are so probable; below it the answer is that nothing can be told. Chosen on the messages of
     /// tests/models/validation.jsonl, which lie near the border and which no training text knows.
-    static constexpr float leastJunkProbability = 0.8F;
+    static constexpr float leastJunkProbability = 0.85F;
 
     /// With the weights that the program carries. With 0 it says all that it guesses.
     explicit EmbeddedModel(float leastJunk = leastJunkProbability);

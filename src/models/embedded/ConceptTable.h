@@ -5,10 +5,9 @@
 
 namespace brindlet {
 
-/// What belongs together, one group an entry: phrases parted by "|", their words by one blank, as
-/// folded texts have them, in English, German, French, Spanish, Italian, Portuguese, Dutch and
-/// Polish. A single word that ends in "*" stands for all words that begin so. Where languages
-/// disagree about a word, the one counts in which mail of that kind is commoner.
+/// What belongs together in mail, a table for `Concepts`, as folded texts have it: in English,
+/// German, French, Spanish, Italian, Portuguese, Dutch and Polish. Where languages disagree about a
+/// word, the one counts in which mail of that kind is commoner.
 std::span<const std::string_view> conceptTable();
 
 }  // namespace brindlet

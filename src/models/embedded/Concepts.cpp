@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
-#include "models/embedded/ConceptTable.h"
 #include "models/embedded/Tokens.h"
 
 namespace brindlet {
 
-Concepts::Concepts() {
-    for (std::size_t group = 0; group < conceptTable().size(); ++group) {
-        std::string_view rest = conceptTable()[group];
+Concepts::Concepts(std::span<const std::string_view> table) : count_(table.size()) {
+    for (std::size_t group = 0; group < table.size(); ++group) {
+        std::string_view rest = table[group];
         while (!rest.empty()) {
             const std::string_view phrase = rest.substr(0, rest.find('|'));
             rest.remove_prefix(std::min(rest.size(), phrase.size() + 1));
@@ -29,10 +28,6 @@ void Concepts::add(std::uint64_t key, std::size_t group) {
     Place& place = table_[placeOf(key)];
     if (place.group != none) return;  // a phrase of two groups keeps its first
     place = {key, static_cast<std::uint8_t>(group)};
-}
-
-std::size_t Concepts::count() const {
-    return conceptTable().size();
 }
 
 }  // namespace brindlet

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -14,12 +15,15 @@ namespace brindlet {
 /// mean. Immutable after construction.
 class Concepts {
   public:
-    Concepts();
+    /// Each entry of the table is a group: phrases parted by "|", their words by one blank. A
+    /// single word that ends in "*" stands for all words that begin so. No more than 255 entries.
+    explicit Concepts(std::span<const std::string_view> table);
 
     /// The number of groups; groups are numbered from 0.
-    std::size_t count() const;
+    std::size_t count() const { return count_; }
 
-    /// Calls `found(group)` for each occurrence of a phrase in the tokens.
+    /// Calls `found(group, first, words)` for each occurrence of a phrase in the tokens: the first
+    /// of them, and how many.
     template <class F>
     void each(const std::vector<std::string_view>& tokens, F&& found) const {
         for (std::size_t i = 0; i < tokens.size(); ++i) {
@@ -27,13 +31,13 @@ class Concepts {
             std::uint64_t key = hashStart;
             for (std::size_t n = 0; n < word.size(); ++n) {
                 key = hashed(key, word.substr(n, 1));
-                if (n + 1 >= shortestBeginning) tell(hashed(key, "*"), found);
+                if (n + 1 >= shortestBeginning) tell(hashed(key, "*"), i, 1, found);
             }
             key = hashed(key, " ");
-            tell(key, found);
+            tell(key, i, 1, found);
             for (std::size_t n = 1; n < longestPhrase && i + n < tokens.size(); ++n) {
                 key = extended(key, tokens[i + n]);
-                tell(key, found);
+                tell(key, i, n + 1, found);
             }
         }
     }
@@ -60,15 +64,16 @@ class Concepts {
         return place;
     }
     template <class F>
-    void tell(std::uint64_t key, F&& found) const {
+    void tell(std::uint64_t key, std::size_t first, std::size_t words, F&& found) const {
         const Place& place = table_[placeOf(key)];
-        if (place.group != none) found(std::size_t{place.group});
+        if (place.group != none) found(std::size_t{place.group}, first, words);
     }
     void add(std::uint64_t key, std::size_t group);
 
     /// By the hash of a phrase. Two phrases of one hash would share a group, which costs nothing
     /// worth guarding against.
     std::vector<Place> table_ = std::vector<Place>(places);
+    std::size_t count_;
 };
 
 }  // namespace brindlet

@@ -8,10 +8,12 @@
 namespace brindlet {
 
 /// The mail sorter that ships inside the program: a small linear model over a prompt's sender,
-/// subject and body. It knows one schema, the category's - "Label" with the one property
-/// "category", any of the ten words - and fails any other. Instructions and options change nothing:
-/// what they ask for is what it was trained on. Never blocks and takes some tens of microseconds a
-/// call, whatever the prompt. Any thread, any number of calls at once: it is constant once made.
+/// subject and body. It knows two schemas: the category's - "Label" with the one property
+/// "category", any of the ten words - and the event's, "Event" with "action" and "object", which it
+/// reads out of the subject by rules and fails where they know nothing. It fails any other.
+/// Instructions and options change nothing: what they ask for is what it was trained on. Never
+/// blocks and takes some tens of microseconds a call, whatever the prompt. Any thread, any number
+/// of calls at once: it is constant once made.
 class EmbeddedModel : public LanguageModel {
   public:
     /// Junk is thrown away, so that something is junk is said only with so much probability; below

@@ -55,7 +55,7 @@ class Builder {
     /// Each concept of the tokens once.
     void addConcepts(std::uint64_t of, const Tokens& found, float value) {
         std::vector<bool> seen(concepts_.count());
-        concepts_.each(found, [&](std::size_t group) {
+        concepts_.each(found, [&](std::size_t group, std::size_t, std::size_t) {
             if (seen[group]) return;
             seen[group] = true;
             out_.push_back({keyOf(of + group * 0x9E3779B97F4A7C15), value});
@@ -66,7 +66,7 @@ class Builder {
     void addConceptPairs(std::uint64_t of, const Tokens& found, float value) {
         std::optional<std::size_t> before;
         std::set<std::size_t> seen;
-        concepts_.each(found, [&](std::size_t group) {
+        concepts_.each(found, [&](std::size_t group, std::size_t, std::size_t) {
             if (before && *before != group) {
                 const std::size_t pair = *before * concepts_.count() + group;
                 if (seen.insert(pair).second)

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "models/embedded/ConceptTable.h"
 #include "models/embedded/Concepts.h"
 #include "models/embedded/MailText.h"
 
@@ -43,7 +44,7 @@ class FeatureExtractor {
     Features extract(const MailText& mail) const;
 
   private:
-    Concepts concepts_;
+    Concepts concepts_{conceptTable()};
 };
 
 }  // namespace brindlet

@@ -24,10 +24,6 @@ struct EmbeddedModel::Parts {
 
 namespace {
 
-<<<<<<< HEAD
-/// Junk is thrown away, so a mere guess that something is junk is not worth saying.
-constexpr float leastJunkProbability = 0.3F;
-
 bool asksForEvent(const ModelSchema& schema) {
     return schema.name == "Event" && schema.properties.size() == 2 &&
            schema.properties[0].name == "action" && schema.properties[0].anyOf.empty() &&
@@ -35,9 +31,6 @@ bool asksForEvent(const ModelSchema& schema) {
 }
 
 bool asksForCategory(const ModelSchema& schema) {
-=======
-bool isKnown(const ModelSchema& schema) {
->>>>>>> models
     if (schema.name != "Label" || schema.properties.size() != 1) return false;
     const auto& property = schema.properties.front();
     if (property.name != "category" || property.anyOf.size() != learnedLabels.size() + 1)

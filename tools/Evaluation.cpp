@@ -1,6 +1,8 @@
 #include "Evaluation.h"
 
-#include <numeric>
+#include <algorithm>
+#include <array>
+#include <cstdio>
 #include <utility>
 
 #include "base/Json.h"
@@ -10,108 +12,131 @@ namespace {
 
 constexpr auto categories = allCases<Category>();
 
-std::optional<LabelledMail> parseLine(std::string line) {
-    LabelledMail mail;
-    std::optional<Category> category;
-    JsonReader reader(std::move(line));
-    reader.object([&](std::string_view key) {
-        if (key == "from") mail.sender = reader.string();
-        if (key == "subject") mail.subject = reader.string();
-        if (key == "body") mail.body = reader.string();
-        if (key == "category") category = fromRaw<Category>(reader.stringView());
-        if (key == "ambiguous") mail.ambiguous = reader.boolean();
-    });
-    if (!reader.finish() || !category) return std::nullopt;
-    mail.category = *category;
-    return mail;
+/// Rows by right and given category.
+using Confusion = std::array<std::array<std::int64_t, categories.size()>, categories.size()>;
+
+double macroF1Of(const Confusion& confusion) {
+    double sum = 0;
+    int present = 0;
+    for (std::size_t category = 0; category < categories.size(); ++category) {
+        std::int64_t rows = 0;
+        std::int64_t given = 0;
+        for (std::size_t other = 0; other < categories.size(); ++other) {
+            rows += confusion[category][other];
+            given += confusion[other][category];
+        }
+        if (rows == 0) continue;
+        ++present;
+        const auto right = static_cast<double>(confusion[category][category]);
+        sum += 2 * right / static_cast<double>(rows + given);
+    }
+    return present == 0 ? 0 : sum / present;
 }
 
-double share(int part, int whole) {
-    return whole == 0 ? 0 : static_cast<double>(part) / static_cast<double>(whole);
+std::size_t index(Category category) {
+    return static_cast<std::size_t>(category);
 }
 
 }  // namespace
 
-std::optional<std::vector<LabelledMail>> parseLabelledMail(std::string_view lines,
-                                                           std::string& problem) {
-    std::vector<LabelledMail> mails;
-    for (int number = 1; !lines.empty(); ++number) {
-        const std::string_view line = lines.substr(0, lines.find('\n'));
-        lines.remove_prefix(line.size() == lines.size() ? line.size() : line.size() + 1);
-        if (line.empty()) continue;
-        auto mail = parseLine(std::string(line));
-        if (!mail) {
-            problem = "Line " + std::to_string(number) + " is no labelled message.";
-            return std::nullopt;
-        }
-        mails.push_back(std::move(*mail));
+bool mustStay(Category category) {
+    return category == Category::receiptOrOrderOrShipping || category == Category::billOrPayment ||
+           category == Category::securityCodeOrSignInAlert ||
+           category == Category::personalMessageOrReminder;
+}
+
+Evaluation::Evaluation(const std::vector<LabelledMail>& mails, const std::vector<Answer>& answers) {
+    for (std::size_t i = 0; i < mails.size(); ++i)
+        if (!mails[i].ambiguous) scored_.push_back({mails[i].category, answers[i]});
+}
+
+template <class Whole, class Part>
+Share Evaluation::share(Whole whole, Part part) const {
+    Share share;
+    for (const auto& each : scored_) {
+        if (!whole(each)) continue;
+        ++share.whole;
+        share.part += part(each);
     }
-    return mails;
+    return share;
 }
 
-void Evaluation::add(Category right, Category given) {
-    ++counts_[static_cast<std::size_t>(right)][static_cast<std::size_t>(given)];
+Share Evaluation::lost() const {
+    return share([](const Scored& row) { return mustStay(row.right); },
+                 [](const Scored& row) { return row.answer.junk; });
 }
 
-int Evaluation::of(Category right, Category given) const {
-    return counts_[static_cast<std::size_t>(right)][static_cast<std::size_t>(given)];
+Share Evaluation::lost(Category category) const {
+    return share([&](const Scored& row) { return row.right == category; },
+                 [](const Scored& row) { return row.answer.junk; });
 }
 
-int Evaluation::rows() const {
-    int sum = 0;
-    for (const auto& row : counts_) sum = std::accumulate(row.begin(), row.end(), sum);
-    return sum;
+Share Evaluation::junkPrecision() const {
+    return share([](const Scored& row) { return row.answer.junk; },
+                 [](const Scored& row) { return isDefaultJunk(row.right); });
 }
 
-double Evaluation::accuracy() const {
-    int right = 0;
-    for (const auto category : categories) right += of(category, category);
-    return share(right, rows());
+Share Evaluation::junkRecall() const {
+    return share([](const Scored& row) { return isDefaultJunk(row.right); },
+                 [](const Scored& row) { return row.answer.junk; });
 }
 
-double Evaluation::precision(Category category) const {
-    int given = 0;
-    for (const auto right : categories) given += of(right, category);
-    return share(of(category, category), given);
+Share Evaluation::undecided() const {
+    return share([](const Scored& row) { return row.right != Category::cannotTell; },
+                 [](const Scored& row) { return row.answer.category == Category::cannotTell; });
 }
 
-double Evaluation::recall(Category category) const {
-    const auto& row = counts_[static_cast<std::size_t>(category)];
-    return share(of(category, category), std::accumulate(row.begin(), row.end(), 0));
+Share Evaluation::accuracy() const {
+    return share([](const Scored&) { return true; },
+                 [](const Scored& row) { return row.answer.category == row.right; });
+}
+
+Share Evaluation::precision(Category category) const {
+    return share([&](const Scored& row) { return row.answer.category == category; },
+                 [&](const Scored& row) { return row.right == category; });
+}
+
+Share Evaluation::recall(Category category) const {
+    return share([&](const Scored& row) { return row.right == category; },
+                 [&](const Scored& row) { return row.answer.category == category; });
+}
+
+std::int64_t Evaluation::count(Category right, Category given) const {
+    return std::count_if(scored_.begin(), scored_.end(), [&](const Scored& row) {
+        return row.right == right && row.answer.category == given;
+    });
 }
 
 double Evaluation::macroF1() const {
-    double sum = 0;
-    for (const auto category : categories) {
-        const double both = precision(category) + recall(category);
-        if (both > 0) sum += 2 * precision(category) * recall(category) / both;
-    }
-    return sum / static_cast<double>(count);
+    Confusion confusion{};
+    for (const auto& row : scored_) ++confusion[index(row.right)][index(row.answer.category)];
+    return macroF1Of(confusion);
 }
 
-std::string Evaluation::json() const {
-    JsonWriter writer;
-    writer.beginObject();
-    writer.member("rows", rows());
-    writer.member("accuracy", accuracy());
-    writer.member("macroF1", macroF1());
-    writer.key("categories");
-    writer.beginObject();
-    for (const auto right : categories) {
-        writer.key(rawValue(right));
-        writer.beginObject();
-        writer.member("precision", precision(right));
-        writer.member("recall", recall(right));
-        writer.key("answers");
-        writer.beginObject();
-        for (const auto given : categories)
-            if (of(right, given) > 0) writer.member(rawValue(given), of(right, given));
-        writer.endObject();
-        writer.endObject();
+Interval Evaluation::macroF1Interval() const {
+    if (scored_.empty()) return {};
+    return bootstrap(scored_.size(), [&](const std::vector<std::size_t>& drawn) {
+        Confusion confusion{};
+        for (const auto i : drawn)
+            ++confusion[index(scored_[i].right)][index(scored_[i].answer.category)];
+        return macroF1Of(confusion);
+    });
+}
+
+std::string answerLines(const std::vector<LabelledMail>& mails,
+                        const std::vector<Answer>& answers) {
+    std::string lines;
+    for (std::size_t i = 0; i < mails.size(); ++i) {
+        JsonWriter line;
+        line.beginObject();
+        line.member("id", mails[i].id);
+        line.member("category", rawValue(answers[i].category));
+        line.member("junk", answers[i].junk);
+        line.member("vetoed", answers[i].vetoed);
+        line.endObject();
+        lines += std::move(line).text() + '\n';
     }
-    writer.endObject();
-    writer.endObject();
-    return std::move(writer).text();
+    return lines;
 }
 
 }  // namespace brindlet::tools

@@ -1,51 +1,60 @@
 #pragma once
 
-#include <array>
-#include <optional>
+#include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "classify/Category.h"
+#include "LabelledMail.h"
+#include "SortLabelled.h"
+#include "Statistics.h"
 
 namespace brindlet::tools {
 
-/// A message whose category people have agreed on.
-struct LabelledMail {
-    std::string sender;
-    std::string subject;
-    std::string body;
-    Category category = Category::cannotTell;
-    /// Two categories would do.
-    bool ambiguous = false;
-};
+/// What a person may wait for: receipts, bills, security notices and personal mail.
+bool mustStay(Category category);
 
-/// Reads a JSON object a line with the keys "from", "subject", "body", "category" and "ambiguous";
-/// others are passed over. None, with a finished sentence in `problem`, for any damaged line.
-std::optional<std::vector<LabelledMail>> parseLabelledMail(std::string_view lines,
-                                                           std::string& problem);
-
-/// Right answers against given ones.
+/// Right answers against given ones. Mail with two right answers is left out of every number.
 class Evaluation {
   public:
-    void add(Category right, Category given);
+    /// One answer for each mail.
+    Evaluation(const std::vector<LabelledMail>& mails, const std::vector<Answer>& answers);
 
-    int rows() const;
-    /// The share of rows answered rightly; 0 without rows.
-    double accuracy() const;
-    /// Over the given answers, and over the rows, of a category; 0 where there are none.
-    double precision(Category category) const;
-    double recall(Category category) const;
-    /// The mean over all categories of the harmonic mean of the two above.
+    std::int64_t rows() const { return static_cast<std::int64_t>(scored_.size()); }
+
+    /// Of the mail that must stay, what was proposed as junk; of all such categories, or of one.
+    Share lost() const;
+    Share lost(Category category) const;
+    /// Of what was proposed as junk, what is in a category of junk; and the other way about.
+    Share junkPrecision() const;
+    Share junkRecall() const;
+    /// Of what has a category, what the model left as unclear.
+    Share undecided() const;
+    /// The categories that were answered rightly.
+    Share accuracy() const;
+    Share precision(Category category) const;
+    Share recall(Category category) const;
+    /// The mean, over the categories that any row has, of the harmonic mean of the two above.
     double macroF1() const;
-    /// All of it and who was taken for whom, as one object.
-    std::string json() const;
+    Interval macroF1Interval() const;
+    std::int64_t count(Category right, Category given) const;
 
   private:
-    static constexpr std::size_t count = allCases<Category>().size();
+    struct Scored {
+        Category right = Category::cannotTell;
+        Answer answer;
+    };
+    template <class Whole, class Part>
+    Share share(Whole whole, Part part) const;
 
-    int of(Category right, Category given) const;
-    std::array<std::array<int, count>, count> counts_{};
+    std::vector<Scored> scored_;
 };
+
+/// The rows' answers, one JSON object a line: id, category, junk, vetoed.
+std::string answerLines(const std::vector<LabelledMail>& mails, const std::vector<Answer>& answers);
+
+/// All numbers of an evaluation for people to read, as two tables of Markdown.
+std::string markdown(const Evaluation& evaluation);
 
 }  // namespace brindlet::tools

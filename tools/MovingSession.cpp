@@ -79,6 +79,8 @@ void MovingSession::move() {
         state_->drainWrites();
         order_.ready();
         state_->startMove();
+        // The tools have no safe for passwords: they answer the question about Gmail with "Not now".
+        if (const auto asked = *state_->askingGmail) state_->gmailDeclined(*asked);
         awaitMove();
     });
 }

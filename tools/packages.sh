@@ -11,11 +11,10 @@ build_packages=(
 )
 # The lint of the QML reads the types of one module more than the program loads.
 # strace kills the program at chosen system calls, to see what becomes of a move.
-# The last four are a desktop that nobody sees, for the program as a screen reader finds it, and
-# its safe for passwords.
+# The last three are a desktop that nobody sees, for the program as a screen reader finds it.
 test_packages=(
     libgtest-dev curl python3 qml6-module-qtqml-models strace valgrind
-    xvfb dbus-daemon at-spi2-core gnome-keyring
+    xvfb dbus-daemon at-spi2-core
 )
 full_packages=(clang-19 lld-19 llvm-19 libclang-rt-19-dev)
 

@@ -9,7 +9,7 @@ Window {
     required property AppModel app
     // False while anything moves: one screen comes in after another, or something within one.
     readonly property bool settled: stage.status === Loader.Ready && !entrance.running
-                                    && sheet.still
+                                    && sheet.still && tip.settled
                                     && (stage.item as ResultsScreen)?.settled !== false
 
     width: 1080
@@ -92,7 +92,9 @@ Window {
         model: root.app.gmailAsk
         home: stage
     }
-    HelpTip {}
+    HelpTip {
+        id: tip
+    }
     Connections {
         target: root.app
 

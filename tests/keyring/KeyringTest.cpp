@@ -42,6 +42,10 @@ class UnlockedSafe : public testing::Test {
     SecretServiceKeyStore store;
 };
 
+TEST_F(UnlockedSafe, IsTheUnpackedOne) {
+    EXPECT_TRUE(keyring.answersOn(world));
+}
+
 TEST_F(UnlockedSafe, KeepsASecretUntilItIsForgotten) {
     EXPECT_FALSE(store.has(service, ann));
     EXPECT_EQ(textIn(store), "(none)");
@@ -178,6 +182,7 @@ TEST(SilentSafe, HoldsNobodyUp) {
     const SilentSafe silent(world);
     SecretServiceKeyStore store(hasty);
     expectNothing(store);
+    world.waitForOthersToLeave(1);
 }
 
 TEST(NoSafe, OnTheBusHoldsNothing) {

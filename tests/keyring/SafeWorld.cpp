@@ -5,10 +5,17 @@
 #include <utility>
 #include <vector>
 
+#include "base/Files.h"
+
 namespace brindlet {
 namespace {
 
 constexpr const char* safeName = "org.freedesktop.secrets";
+/// Not those of the machine, should it have them.
+constexpr const char* keyringProgram =
+    BRINDLET_SERVERS "/gnome-keyring/usr/bin/gnome-keyring-daemon";
+constexpr const char* keyringLibraries =
+    BRINDLET_SERVERS "/gnome-keyring/usr/lib/" BRINDLET_ARCHITECTURE;
 
 /// Calls the bus itself, and gives whether that went well.
 bool callBus(GDBusConnection* connection, const char* interface, const char* operation,
@@ -51,11 +58,12 @@ void waitForSafe(const SafeWorld& world) {
 }  // namespace
 
 std::string SafeWorld::missing() {
-    for (const char* program : {"dbus-daemon", "gnome-keyring-daemon"}) {
-        gchar* path = g_find_program_in_path(program);
-        if (path == nullptr) return program;
-        g_free(path);
-    }
+    if (!files::exists(BRINDLET_SERVERS "/gnome-keyring/packages"))
+        return "There is no GNOME keyring here: tools/unpack_servers fetches it.";
+    gchar* path = g_find_program_in_path("dbus-daemon");
+    if (path == nullptr)
+        return "There is no dbus-daemon here: see test_packages in tools/packages.sh.";
+    g_free(path);
     return {};
 }
 
@@ -80,21 +88,55 @@ Held<GDBusConnection> SafeWorld::connect() const {
         g_test_dbus_get_bus_address(bus_.get()), flags, nullptr, nullptr, nullptr));
 }
 
+void SafeWorld::waitForOthersToLeave(int left) const {
+    const auto connection = connect();
+    int others = left + 1;
+    while (others > left) {
+        auto* reply = g_dbus_connection_call_sync(connection.get(), "org.freedesktop.DBus",
+                                                  "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                                  "ListNames", nullptr, G_VARIANT_TYPE("(as)"),
+                                                  G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
+        if (reply == nullptr) return;
+        GVariantIter* names = nullptr;
+        g_variant_get(reply, "(as)", &names);
+        others = -1;  // this one
+        const gchar* name = nullptr;
+        while (g_variant_iter_loop(names, "&s", &name) != FALSE) others += *name == ':';
+        g_variant_iter_free(names);
+        g_variant_unref(reply);
+    }
+}
+
 Keyring::Keyring(const SafeWorld& world, State state) {
     const auto control = "--control-directory=" + world.home();
-    std::vector<const gchar*> arguments{"gnome-keyring-daemon", "--foreground",
-                                        "--components=secrets", control.c_str()};
+    std::vector<const gchar*> arguments{keyringProgram, "--foreground", "--components=secrets",
+                                        control.c_str()};
     if (state == State::unlocked) arguments.push_back("--unlock");
     arguments.push_back(nullptr);
     const auto flags = static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDIN_PIPE |
                                                      G_SUBPROCESS_FLAGS_STDOUT_SILENCE |
                                                      G_SUBPROCESS_FLAGS_STDERR_SILENCE);
-    program_.reset(g_subprocess_newv(arguments.data(), flags, nullptr));
+    const Held<GSubprocessLauncher> launcher(g_subprocess_launcher_new(flags));
+    g_subprocess_launcher_setenv(launcher.get(), "LD_LIBRARY_PATH", keyringLibraries, TRUE);
+    program_.reset(g_subprocess_launcher_spawnv(launcher.get(), arguments.data(), nullptr));
     auto* input = g_subprocess_get_stdin_pipe(program_.get());
     if (state == State::unlocked)
         g_output_stream_write_all(input, "master", 6, nullptr, nullptr, nullptr);
     g_output_stream_close(input, nullptr, nullptr);
     waitForSafe(world);
+}
+
+bool Keyring::answersOn(const SafeWorld& world) const {
+    const auto connection = world.connect();
+    auto* reply = g_dbus_connection_call_sync(
+        connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+        "GetConnectionUnixProcessID", g_variant_new("(s)", safeName), G_VARIANT_TYPE("(u)"),
+        G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
+    if (reply == nullptr) return false;
+    guint32 process = 0;
+    g_variant_get(reply, "(u)", &process);
+    g_variant_unref(reply);
+    return std::to_string(process) == g_subprocess_get_identifier(program_.get());
 }
 
 Keyring::~Keyring() {

@@ -22,7 +22,7 @@ using Held = std::unique_ptr<T, UnrefObject>;
 /// its children's, for as long as this lives.
 class SafeWorld {
   public:
-    /// A program that the tests need and this machine lacks; empty when there is none.
+    /// Why the tests cannot run here, as a sentence; empty when they can.
     static std::string missing();
 
     SafeWorld();
@@ -31,19 +31,24 @@ class SafeWorld {
     std::string home() const { return directories_.home(); }
     /// A connection of its own.
     Held<GDBusConnection> connect() const;
+    /// Until no more than so many others are on the bus: a call that was given up takes a moment to
+    /// leave, and GLib waits half a minute in vain where the bus goes before it.
+    void waitForOthersToLeave(int left) const;
 
   private:
     doubles::TemporaryDirectories directories_;
     Held<GTestDBus> bus_;
 };
 
-/// The safe of the GNOME desktop, on the bus of a world, until this goes. What it keeps outlives
-/// it, in the home of the world.
+/// The safe of the GNOME desktop, as tools/unpack_servers lays it out, on the bus of a world, until
+/// this goes. What it keeps outlives it, in the home of the world.
 class Keyring {
   public:
     enum class State { unlocked, locked };
     Keyring(const SafeWorld& world, State state);
     ~Keyring();
+    /// Whether it is this one's program, and no other, that has the safe's name there.
+    bool answersOn(const SafeWorld& world) const;
 
   private:
     Held<GSubprocess> program_;

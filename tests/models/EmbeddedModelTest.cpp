@@ -28,7 +28,7 @@ TEST(EmbeddedModel, AnswersWithTheCategoryAndNothingElse) {
     EXPECT_EQ(answer->count("category"), 1U);
 }
 
-TEST(EmbeddedModel, FailsEverySchemaButTheCategorys) {
+TEST(EmbeddedModel, FailsEverySchemaButTheTwoItKnows) {
     EmbeddedModel model;
     const auto fails = [&](const ModelSchema& schema) {
         return !model.respond("", schema, prompt("a@b.test", "Sale", "Buy now"), {});
@@ -61,6 +61,19 @@ TEST(EmbeddedModel, FailsEverySchemaButTheCategorys) {
     schema = labelSchema();
     schema.properties.front().anyOf.clear();
     EXPECT_TRUE(fails(schema)) << "any word";
+}
+
+TEST(EmbeddedModel, AnswersTheEventsSchemaFromTheSubjectAlone) {
+    EmbeddedModel model;
+    ModelSchema schema{"Event",
+                       "what happened",
+                       {{"action", "one word", "", "", {}}, {"object", "some words", "", "", {}}}};
+    const auto answer = model.respond("", schema, "Your order #12 has shipped", {});
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(*answer, (LanguageModel::Answer{{"action", "shipped"}, {"object", "order"}}));
+    EXPECT_FALSE(model.respond("", schema, "See you on Friday", {})) << "no deed";
+    schema.properties.pop_back();
+    EXPECT_FALSE(model.respond("", schema, "Your order #12 has shipped", {})) << "another schema";
 }
 
 TEST(EmbeddedModel, TheOrderOfTheSchemasWordsDoesNotMatter) {
@@ -97,8 +110,7 @@ TEST(EmbeddedModel, OnlyTheFourBeginningsMakeABounce) {
 
 TEST(EmbeddedModel, AMereGuessAtJunkIsUnclear) {
     // Weights that know nothing give each label the same share, and the first is junk.
-    const std::string knowNothing = Weights::written(
-        std::vector<float>((std::size_t{1} << featureBits) * learnedLabels.size()), {});
+    const std::string knowNothing = Weights::written({}, {});
     EmbeddedModel model{std::string_view(knowNothing)};
     EXPECT_EQ(answerTo(model, prompt("a@b.test", "Hello", "there")), "cannotTell");
 }

@@ -55,9 +55,15 @@ TEST(Folded, MakesTypographyPlain) {
         {"a\u00A0b\u2003c\u202Fd", "a b c d"},
         {"5\u20137 \u2014 x", "5-7 - x"},
         {"in\u200Bvis\u200Cible\u00AD\u034F\uFEFF", "invisible"},
-        {"\u00C4RGER", "\u00C4rger"},
-        {"\xE2\x80", "\xE2\x80"},
-        {"\xFF", "\xFF"},
+        {"\u00C4RGER, Stra\u00DFe, \u0141\u00F3d\u017A, \u0152uvre, \u00C6r\u00F8",
+         "arger, strasse, lodz, oeuvre, aero"},
+        {"\u041F\u0440\u0438 2\u00D73", "\u041F\u0440\u0438 2\u00D73"},
+        // The older western character sets, as quoted-printable brings them.
+        {"caf\xE9 \x93"
+         "au lait\x94 \x80"
+         "5 it\x92s",
+         "cafe \"au lait\" \u20AC5 it's"},
+        {"\xFF", "y"},
     };
     for (const auto& row : rows) EXPECT_EQ(folded(row.text), row.result) << row.text;
 }

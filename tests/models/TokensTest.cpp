@@ -26,6 +26,7 @@ TEST(Tokens, AreWordsAndMarks) {
         {"", ""},
         {"don't stop", "don't stop"},
         {"'quoted' words'", "quoted words"},
+        {"l'abonnement dell'ordine it's o'clock", "abonnement ordine it's o'clock"},
         {"caf\xC3\xA9", "caf\xC3\xA9"},
         {"see https://a.test/x?y=1 now", "see #url now"},
         {"www.a.test", "#url"},

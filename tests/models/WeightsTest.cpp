@@ -2,37 +2,84 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace brindlet {
 namespace {
 
-constexpr std::size_t labels = learnedLabels.size();
+LabelScores only(std::size_t label, float weight) {
+    LabelScores weights{};
+    weights[label] = weight;
+    return weights;
+}
 
-/// Rows that let feature 7 speak for the third label.
+/// Rows that let feature 7 speak for the third label and feature 8 against it.
 std::string someWeights() {
-    std::vector<float> rows((std::size_t{1} << featureBits) * labels);
-    rows[7 * labels + 2] = 4;
-    rows[8 * labels + 2] = -2;
     LabelScores biases{};
     biases[1] = 0.5F;
-    return Weights::written(rows, biases);
+    return Weights::written({{7, only(2, 4)}, {8, only(2, -2)}}, biases);
+}
+
+Features block(std::vector<Feature> features, float length = 1) {
+    const std::size_t end = features.size();
+    return {std::move(features), {{end, length}}};
 }
 
 TEST(Weights, ComeBackAsTheyWereWritten) {
     const std::string file = someWeights();
     const auto weights = Weights::open(file);
     ASSERT_TRUE(weights);
-    const std::vector<Feature> third{{7, 1}};
-    const auto shares = weights->probabilities(third);
+    const auto shares = weights->probabilities(block({{7, 1}}));
     EXPECT_GT(shares[2], 0.8F);
     EXPECT_GT(shares[1], shares[0]) << "the bias";
     EXPECT_NEAR(std::accumulate(shares.begin(), shares.end(), 0.0F), 1.0F, 1e-5F);
-    const std::vector<Feature> notThird{{8, 1}};
-    EXPECT_LT(weights->probabilities(notThird)[2], shares[0] * 10);
-    EXPECT_LT(weights->probabilities(notThird)[2], weights->probabilities(notThird)[0]);
+    const auto others = weights->probabilities(block({{8, 1}}));
+    EXPECT_LT(others[2], others[0]);
+}
+
+TEST(Weights, WhatWasNotTaughtNeitherCountsNorWeakensWhatWas) {
+    const std::string file = someWeights();
+    const auto weights = Weights::open(file);
+    ASSERT_TRUE(weights);
+    const auto alone = weights->probabilities(block({{7, 1}}));
+    EXPECT_EQ(weights->probabilities(block({{7, 1}, {0x80000003, 5}})), alone);
+    EXPECT_EQ(weights->probabilities(block({{0x80000003, 5}})), weights->probabilities({}));
+}
+
+TEST(Weights, ABlockIsAsLongAsItSays) {
+    const std::string file = someWeights();
+    const auto weights = Weights::open(file);
+    ASSERT_TRUE(weights);
+    EXPECT_EQ(weights->probabilities(block({{7, 3}})), weights->probabilities(block({{7, 1}})));
+    EXPECT_GT(weights->probabilities(block({{7, 1}}, 2))[2],
+              weights->probabilities(block({{7, 1}}, 1))[2]);
+}
+
+TEST(Weights, FeaturesOfOneFirstPlaceKeepApartAndThoseOfOneMarkToo) {
+    // Small keys share the first place, the last the table's end; the mark is the low byte.
+    const std::string file = Weights::written({{1, only(1, 4)},
+                                               {2, only(2, 4)},
+                                               {0x102, only(3, 4)},
+                                               {0, only(4, 4)},
+                                               {0xFFFFFF05, only(5, 4)},
+                                               {0xFFFFFF06, only(6, 4)}},
+                                              {});
+    const auto weights = Weights::open(file);
+    ASSERT_TRUE(weights);
+    const auto best = [&](std::uint32_t key) {
+        const auto shares = weights->probabilities(block({{key, 1}}));
+        return std::ranges::max_element(shares) - shares.begin();
+    };
+    EXPECT_EQ(best(1), 1);
+    EXPECT_EQ(best(2), 2);
+    EXPECT_EQ(best(0x102), 2) << "the one that came first is the one that is found";
+    EXPECT_EQ(best(0), 1) << "a mark of 0 would be a free place, so 0 is marked as 1 is";
+    EXPECT_EQ(best(0xFFFFFF05), 5);
+    EXPECT_EQ(best(0xFFFFFF06), 6);
 }
 
 TEST(Weights, AnyDamageIsRefused) {
@@ -43,9 +90,10 @@ TEST(Weights, AnyDamageIsRefused) {
         std::size_t at;
     };
     for (const auto& [what, at] :
-         {Row{"magic", 0}, Row{"version", 8}, Row{"bits", 12}, Row{"labels", 16}, Row{"scale", 20},
-          Row{"a bias", 24}, Row{"the first row", 60}, Row{"a row in the middle", whole.size() / 2},
-          Row{"the last row", whole.size() - 9}, Row{"checksum", whole.size() - 1}}) {
+         {Row{"magic", 0}, Row{"version", 8}, Row{"places", 12}, Row{"labels", 16},
+          Row{"scale", 20}, Row{"a bias", 24}, Row{"the first row", 60},
+          Row{"a row in the middle", whole.size() / 2}, Row{"the last row", whole.size() - 9},
+          Row{"checksum", whole.size() - 1}}) {
         std::string damaged = whole;
         damaged[at] = static_cast<char>(damaged[at] ^ 1);
         EXPECT_FALSE(Weights::open(damaged)) << what;

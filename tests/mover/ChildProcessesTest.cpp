@@ -43,6 +43,8 @@ struct ShellWorld : doubles::World {
                   locale,
                   runner,
                   runningApps,
+                  keys,
+                  tls,
                   directories.root() + "/host"};
     Mover mover{real};
     Mover::Request request{{{11, "a@x"}, {12, "b@x"}, {13, "c@x"}},

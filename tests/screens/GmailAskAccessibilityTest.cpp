@@ -41,6 +41,20 @@ TEST(GmailAskReader, TheFieldKeepsItsSecret) {
     EXPECT_FALSE(words->text(0, words->characterCount()).contains(QLatin1String("efgh")));
 }
 
+TEST(GmailAskReader, HearsThatATestRunsAndCannotBeginAnother) {
+    GmailStage stage;
+    stage.hang();
+    stage.openPanel();
+    stage.paste(GmailStage::password);
+    const Reader reader(stage);
+    press(reader.find("Check and save", QAccessible::Button));
+    stage.world.tls.waitForBlock();
+    press(reader.find("Checking…", QAccessible::Button));
+    EXPECT_EQ(stage.world.tls.made().size(), 1U);
+    press(reader.find("Not now - just label them", QAccessible::Button));
+    EXPECT_FALSE(stage.asked());
+}
+
 TEST(GmailAskReader, HearsWhatCameOfTheTest) {
     GmailStage stage;
     stage.world.tls.add(doubles::Transcript().fails("Network is unreachable"));

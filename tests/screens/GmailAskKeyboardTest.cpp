@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <set>
 #include <vector>
 
@@ -50,6 +51,24 @@ TEST(GmailAskByKeyboard, AllowGivesTheKeyboardToTheFieldAndReturnThereTests) {
     EXPECT_EQ(stage.focused(), QStringLiteral("gmailControl")) << "where it came from";
 }
 
+TEST(GmailAskByKeyboard, TabStaysInsideTheOpenPanelBothWays) {
+    GmailStage stage;
+    stage.openPanel();
+    stage.type(QLatin1String(GmailStage::password));
+    for (const auto modifiers : {Qt::NoModifier, Qt::ShiftModifier}) {
+        std::vector<QString> order;
+        for (int i = 0; i < 8; ++i) {
+            stage.press(modifiers ? Qt::Key_Backtab : Qt::Key_Tab, modifiers);
+            order.push_back(stage.focused());
+        }
+        EXPECT_EQ(
+            std::set<QString>(order.begin(), order.begin() + 4),
+            (std::set<QString>{"appPassword", "declineGmail", "allowGmail", "openAppPasswords"}));
+        EXPECT_TRUE(std::equal(order.begin(), order.begin() + 4, order.begin() + 4));
+        EXPECT_EQ(order[3], QStringLiteral("appPassword"));
+    }
+}
+
 TEST(GmailAskByKeyboard, TheButtonThatGoesOffLeavesTheKeyboardToTheField) {
     GmailStage stage;
     stage.hang();
@@ -81,6 +100,22 @@ TEST(GmailAskByKeyboard, EscapeIsNotNow) {
         stage.press(Qt::Key_Escape);
         EXPECT_NE(*stage.state->screen, AppState::Screen::pick);
     }
+}
+
+TEST(GmailAskByKeyboard, EscapeDuringATestIsNotNowAndAGoodPasswordIsKeptAllTheSame) {
+    GmailStage stage;
+    stage.accept();
+    stage.openPanel();
+    stage.type(QLatin1String(GmailStage::password));
+    stage.press(Qt::Key_Return);
+    EXPECT_TRUE(stage.model().gmailAsk()->checking());
+    stage.press(Qt::Key_Escape);
+    stage.settle();
+    EXPECT_FALSE(stage.stands("gmailAsk"));
+    EXPECT_TRUE(stage.state->declinedGmail.contains(GmailStage::address));
+    stage.finishTask();
+    EXPECT_EQ(stage.kept(), "abcdefghijklmnop");
+    EXPECT_FALSE(stage.stands("gmailAsk"));
 }
 
 TEST(GmailAskByKeyboard, WhenTheScreenHasGoneTheNextOneHasTheKeyboard) {

@@ -68,6 +68,33 @@ TEST(GmailNotice, IsClosedAgainOnTheNextVisit) {
     EXPECT_FALSE(stage.stands("gmailPermission"));
 }
 
+TEST(GmailNotice, ConnectsWhatWasDeclinedWhenAScanAsked) {
+    GmailStage stage;
+    ASSERT_TRUE(stage.click("sort"));
+    ASSERT_TRUE(stage.click("declineGmail"));
+    stage.state->stopScan();
+    stage.state->navigate(AppState::Screen::pick);
+    ASSERT_NE(stage.await("sort"), nullptr);
+    EXPECT_EQ(stage.text("gmailControl"), "Connect Gmail");
+    stage.openPanel();
+    EXPECT_TRUE(stage.asked());
+}
+
+TEST(GmailNotice, InTheSmallestWindowNothingOfTheChoicesTouches) {
+    GmailStage stage;
+    stage.window()->resize(stage.window()->minimumSize());
+    auto* skip = stage.find("skip");
+    skip->setProperty("text", "Skip the 96 already sorted in this folder, and two lines of it");
+    (void)stage.window()->grabWindow();
+    stage.settle();
+    const auto* count = stage.find("count");
+    EXPECT_GE(count->mapToScene(QPointF()).y(),
+              skip->mapToScene(QPointF(0, skip->height())).y() + 8);
+    const auto* sort = stage.find("sort");
+    EXPECT_LE(sort->mapToScene(QPointF(0, sort->height())).y(), stage.window()->height())
+        << "and the button is in sight";
+}
+
 TEST(GmailNotice, OpenedInTheSmallestWindowEverythingCanStillBeReached) {
     GmailStage stage;
     stage.window()->resize(stage.window()->minimumSize());

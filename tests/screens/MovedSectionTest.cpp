@@ -75,6 +75,24 @@ TEST(MovedSection, WhatOpensIsInSight) {
     EXPECT_GE(stage.find("movedHeader")->mapToScene(QPointF()).y(), 0);
 }
 
+TEST(MovedSection, DoesNotCallBackWhoHasGoneToTheTopWhenTheBarGrows) {
+    Stage stage(scenes::movedResults);
+    stage.window()->resize(stage.window()->minimumSize());
+    open(stage);
+    auto* page = stage.find("resultsPage");
+    const auto top = [&] { return page->property("contentY").toDouble(); };
+    ASSERT_GT(top(), 100) << "the section lies further down";
+    page->setProperty("contentY", 0);
+    const double before = stage.find("moveBar")->height();
+    stage.state->moveError.set(std::string(90, 'x') + ' ' + std::string(90, 'y') + ' ' +
+                               std::string(90, 'z'));
+    stage.settle();
+    (void)stage.window()->grabWindow();
+    stage.settle();
+    ASSERT_GT(stage.find("moveBar")->height(), before);
+    EXPECT_LT(top(), 100);
+}
+
 TEST(MovedSection, ALongListIsLazyInAFrameThatSaysHowLong) {
     Stage stage([](AppState& state) {
         scenes::movedResults(state);

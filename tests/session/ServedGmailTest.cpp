@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "doubles/RecordingConnector.h"
 #include "platform/linux/OpenSslStream.h"
 #include "sample/GmailServer.h"
 #include "sample/GmailSettings.h"
@@ -26,11 +27,12 @@ class ToLoopback : public TlsConnector {
         : connector_({.text = trusted}), port_(server.port()) {}
     std::shared_ptr<TlsStream> make(const std::string& host, std::uint16_t port) override {
         EXPECT_EQ(host + ':' + std::to_string(port), "imap.gmail.com:993");
-        return connector_.make("localhost", port_);
+        return recorder_.make("localhost", port_);
     }
 
   private:
     OpenSslConnector connector_;
+    doubles::RecordingConnector recorder_{connector_};
     const std::uint16_t port_;
 };
 

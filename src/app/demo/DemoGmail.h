@@ -43,4 +43,8 @@ class LocalGmail : public TlsConnector {
     const std::uint16_t port_;
 };
 
+/// Where a person would make an app password on Google's page, the demo just tells it, on standard
+/// output.
+void tellAppPasswords(const std::string& home);
+
 }  // namespace brindlet::demo

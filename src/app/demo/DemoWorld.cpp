@@ -9,6 +9,7 @@
 #include "models/ChosenModel.h"
 #include "sample/MailPresence.h"
 #include "sample/MailSettings.h"
+#include "words/GooglePages.h"
 
 namespace brindlet::demo {
 namespace {
@@ -37,6 +38,7 @@ DemoDirectories::DemoDirectories(std::string root) : root_(std::move(root)) {
 
 void SayingDesktop::openLink(const std::string& url) {
     std::fprintf(stderr, "would open %s\n", url.c_str());
+    if (url == googlePages::appPasswords) tellAppPasswords(home_);
 }
 
 void SayingDesktop::openDiskAccessSettings() {

@@ -37,6 +37,7 @@ class SayingDesktop : public Desktop {
   public:
     explicit SayingDesktop(std::string home) : home_(std::move(home)) {}
 
+    /// Of Google's page for app passwords it also says what would be made there.
     void openLink(const std::string& url) override;
     void openDiskAccessSettings() override;
     /// Launches the simulated one.

@@ -105,6 +105,14 @@ void Hand::press(Qt::Key key) const {
     }
 }
 
+void Hand::type(const QString& text) const {
+    for (const QChar& letter : text)
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, 0, Qt::NoModifier, letter);
+            QCoreApplication::sendEvent(&window_, &event);
+        }
+}
+
 bool Hand::picture(const QString& path) const {
     mouse(QEvent::MouseMove, QPointF(1, 1), Qt::NoButton);
     return rest() && window_.grabWindow().save(path);

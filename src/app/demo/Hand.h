@@ -31,6 +31,7 @@ class Hand {
     bool tabTo(const QString& name) const;
 
     void press(Qt::Key key) const;
+    void type(const QString& text) const;
     /// With the pointer out of the way.
     bool picture(const QString& path) const;
 

@@ -42,6 +42,7 @@ bool Tour::run() {
     move();
     putBack();
     secondScan();
+    gmail();
     step(QStringLiteral("nothing was complained of"), [this] {
         for (const auto& warning : main_.warnings()) std::printf("  %s\n", qPrintable(warning));
         return main_.warnings().isEmpty();

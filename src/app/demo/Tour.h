@@ -3,6 +3,7 @@
 #include <QString>
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "app/demo/DemoWorld.h"
 #include "app/demo/Hand.h"
@@ -16,7 +17,8 @@ namespace brindlet::demo {
 
 /// Plays a first visit: from the welcome to the results, a correction that is taken back, a move
 /// and a message that is put back, then a second scan, which must leave out what the first one
-/// decided. Says on standard output what it does, and puts a picture of each screen into a folder.
+/// decided; and a visit to the Gmail account, which is connected, filed on and disconnected. Says
+/// on standard output what it does, and puts a picture of each screen into a folder.
 class Tour {
   public:
     Tour(AppState& state, MainWindow& main, DemoWorld& world, QString pictures);
@@ -31,6 +33,15 @@ class Tour {
         std::int64_t destination = 0;
     };
 
+    /// Messages of the Gmail account, as its server lists them.
+    struct LabelCounts {
+        std::int64_t inbox = 0;
+        std::int64_t destination = 0;
+        /// No label that comes or goes may change these.
+        std::int64_t all = 0;
+        std::int64_t files = 0;
+    };
+
     void welcome();
     void pick();
     void scan();
@@ -41,7 +52,25 @@ class Tour {
     void putBack();
     void secondScan();
 
+    void gmail();
+    void chooseGmail();
+    void askForGmail();
+    void connectGmail();
+    /// Types it into the field and has it tested, until there is a word on it.
+    void tryAppPassword(const QString& appPassword);
+    void scanGmail();
+    void fileOnGmail();
+    void putBackOnGmail();
+    void disconnectGmail();
+    std::string appPassword() const;
+    /// How long the Gmail server takes for an answer.
+    bool setGmailDelay(double seconds) const;
+
     FileCounts countFiles() const;
+    LabelCounts countLabels() const;
+    /// What is ticked and can be moved.
+    std::int64_t movableTicks() const;
+    void tickFirstMoved();
     /// The move that runs comes to its end, and has taken so many messages out of the folder on
     /// show; fewer than none were put back into it.
     void expectMoved(const FileCounts& before, std::int64_t count);

@@ -1,41 +1,23 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "app/demo/MailCounts.h"
 #include "app/demo/Tour.h"
-#include "base/Files.h"
-#include "sample/MailLayout.h"
 #include "session/AppState.h"
 
 namespace brindlet::demo {
-namespace {
-
-/// Counts the message files below a folder.
-class MessageFiles : public files::TreeVisitor {
-  public:
-    void directory(const std::string&) override {}
-    void entry(std::string_view name) override {
-        if (name.ends_with(".emlx")) ++count;
-    }
-
-    std::int64_t count = 0;
-};
-
-std::int64_t messageFiles(const std::string& home, const std::string& account,
-                          const std::string& mailbox) {
-    MessageFiles found;
-    files::walk(home + '/' + std::string(sample::dataRootInHome) + '/' +
-                    sample::mailboxDataDirectory(account, mailbox),
-                found);
-    return found.count;
-}
-
-}  // namespace
-
 Tour::FileCounts Tour::countFiles() const {
     const std::string home = world_.directories.home();
     const std::string& account = (*state_.account)->id;
     return {messageFiles(home, account, (*state_.folder)->name),
             messageFiles(home, account, state_.destinationName())};
+}
+
+std::int64_t Tour::movableTicks() const {
+    const auto& all = *state_.verdicts;
+    return std::count_if(all.begin(), all.end(), [this](const Verdict& verdict) {
+        return verdict.messageID && state_.approved->contains(verdict.id);
+    });
 }
 
 void Tour::expectMoved(const FileCounts& before, std::int64_t count) {
@@ -51,13 +33,9 @@ void Tour::expectMoved(const FileCounts& before, std::int64_t count) {
 
 void Tour::move() {
     FileCounts before;
-    std::int64_t ticked = 0;
+    const auto ticked = movableTicks();
     step(QStringLiteral("walk to the button that moves what is ticked, and press it"), [&] {
         before = countFiles();
-        const auto& all = *state_.verdicts;
-        ticked = std::count_if(all.begin(), all.end(), [this](const Verdict& verdict) {
-            return verdict.messageID && state_.approved->contains(verdict.id);
-        });
         if (ticked == 0 || !hand_.tabTo(QStringLiteral("move"))) return false;
         hand_.press(Qt::Key_Return);
         return *state_.moving;
@@ -73,7 +51,7 @@ void Tour::move() {
     picture(QStringLiteral("moved"));
 }
 
-void Tour::putBack() {
+void Tour::tickFirstMoved() {
     step(QStringLiteral("open what has moved, by keyboard"), [this] {
         if (!hand_.tabTo(QStringLiteral("movedHeader"))) return false;
         hand_.press(Qt::Key_Return);
@@ -87,6 +65,10 @@ void Tour::putBack() {
             return state_.putBack->size() == 1 && hand_.find(QStringLiteral("putBack"));
         });
     });
+}
+
+void Tour::putBack() {
+    tickFirstMoved();
     picture(QStringLiteral("to-put-back"));
     FileCounts before;
     step(QStringLiteral("put it back, by keyboard too"), [&] {

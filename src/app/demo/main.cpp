@@ -15,7 +15,6 @@
 #include "base/Files.h"
 #include "platform/linux/Memory.h"
 #include "sample/GmailServer.h"
-#include "sample/GmailSettings.h"
 #include "sample/MailPresence.h"
 #include "sample/MailSettings.h"
 #include "sample/SampleMailStore.h"
@@ -46,14 +45,6 @@ std::string makeMail(const std::string& home, std::int64_t messages) {
 int fail(const std::string& sentence) {
     std::fprintf(stderr, "%s\n", sentence.c_str());
     return EXIT_FAILURE;
-}
-
-/// Where a person would make one on Google's page, the demo just tells it.
-void tellAppPasswords(const std::string& home) {
-    const auto settings = sample::readGmailSettings(home).value_or(sample::GmailSettings());
-    for (const auto& [address, password] : settings.passwords)
-        std::printf("The app password of %s is: %s\n", address.c_str(), password.c_str());
-    std::fflush(stdout);
 }
 
 int runDemo(const Options& options, DemoWorld& world) {

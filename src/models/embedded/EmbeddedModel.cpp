@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "models/embedded/EventReader.h"
 #include "models/embedded/Features.h"
 #include "models/embedded/Labels.h"
 #include "models/embedded/MailText.h"
@@ -18,14 +19,25 @@ extern const std::string_view embeddedModelWeights;
 struct EmbeddedModel::Parts {
     Weights weights;
     FeatureExtractor features;
+    EventReader events;
 };
 
 namespace {
 
+<<<<<<< HEAD
 /// Junk is thrown away, so a mere guess that something is junk is not worth saying.
 constexpr float leastJunkProbability = 0.3F;
 
+bool asksForEvent(const ModelSchema& schema) {
+    return schema.name == "Event" && schema.properties.size() == 2 &&
+           schema.properties[0].name == "action" && schema.properties[0].anyOf.empty() &&
+           schema.properties[1].name == "object" && schema.properties[1].anyOf.empty();
+}
+
+bool asksForCategory(const ModelSchema& schema) {
+=======
 bool isKnown(const ModelSchema& schema) {
+>>>>>>> models
     if (schema.name != "Label" || schema.properties.size() != 1) return false;
     const auto& property = schema.properties.front();
     if (property.name != "category" || property.anyOf.size() != learnedLabels.size() + 1)
@@ -44,20 +56,22 @@ bool isBounce(std::string_view subject) {
                                [&](std::string_view start) { return subject.starts_with(start); });
 }
 
-std::string_view bestLabel(const LabelScores& probabilities) {
+std::string_view bestLabel(const LabelScores& probabilities, float leastJunk) {
     const auto best = std::ranges::max_element(probabilities);
     const auto label = static_cast<std::size_t>(best - probabilities.begin());
-    if (label < junkLabels && *best < leastJunkProbability) return learnedLabels[cannotTellLabel];
+    if (label < junkLabels && *best < leastJunk) return learnedLabels[cannotTellLabel];
     return learnedLabels[label];
 }
 
 }  // namespace
 
-EmbeddedModel::EmbeddedModel() : EmbeddedModel(resources::embeddedModelWeights) {}
+EmbeddedModel::EmbeddedModel(float leastJunk) : EmbeddedModel(resources::embeddedModelWeights) {
+    leastJunk_ = leastJunk;
+}
 
 EmbeddedModel::EmbeddedModel(std::string_view weights) {
     if (const auto opened = Weights::open(weights))
-        parts_ = std::make_unique<const Parts>(Parts{*opened, {}});
+        parts_ = std::make_unique<const Parts>(Parts{*opened, {}, {}});
 }
 
 EmbeddedModel::~EmbeddedModel() = default;
@@ -70,12 +84,18 @@ std::optional<LanguageModel::Answer> EmbeddedModel::respond(const std::string&,
                                                             const ModelSchema& schema,
                                                             const std::string& prompt,
                                                             const ModelOptions&) {
-    if (!parts_ || !isKnown(schema)) return std::nullopt;
+    if (!parts_) return std::nullopt;
+    if (asksForEvent(schema)) {
+        const auto event = parts_->events.read(prompt);
+        if (!event) return std::nullopt;
+        return Answer{{"action", event->action}, {"object", event->object}};
+    }
+    if (!asksForCategory(schema)) return std::nullopt;
     const MailText mail = splitPrompt(prompt);
     const std::string_view label =
         isBounce(mail.subject)
             ? bounceLabel
-            : bestLabel(parts_->weights.probabilities(parts_->features.extract(mail)));
+            : bestLabel(parts_->weights.probabilities(parts_->features.extract(mail)), leastJunk_);
     return Answer{{"category", std::string(label)}};
 }
 

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -26,11 +27,11 @@ constexpr std::uint64_t kind(std::string_view name) {
     return hashed(hashed(hashStart, name), "\n");
 }
 
-std::uint32_t rowOf(std::uint64_t hash) {
+std::uint32_t keyOf(std::uint64_t hash) {
     hash ^= hash >> 33;
     hash *= 0xff51afd7ed558ccd;
     hash ^= hash >> 33;
-    return static_cast<std::uint32_t>(hash & ((1U << featureBits) - 1));
+    return static_cast<std::uint32_t>(hash);
 }
 
 bool contains(std::string_view text, std::string_view part) {
@@ -39,14 +40,14 @@ bool contains(std::string_view text, std::string_view part) {
 
 class Builder {
   public:
-    Builder(const Concepts& concepts, std::vector<Feature>& out)
-        : concepts_(concepts), out_(out), blockStart_(out.size()) {}
+    Builder(const Concepts& concepts, Features& out)
+        : concepts_(concepts), features_(out), out_(out.all) {}
 
     void add(std::uint64_t of, std::string_view text, float value) {
-        out_.push_back({rowOf(hashed(of, text)), value});
+        out_.push_back({keyOf(hashed(of, text)), value});
     }
     void addPair(std::uint64_t of, std::string_view first, std::string_view second, float value) {
-        out_.push_back({rowOf(hashed(hashed(hashed(of, first), "|"), second)), value});
+        out_.push_back({keyOf(hashed(hashed(hashed(of, first), "|"), second)), value});
     }
     void addIf(bool holds, std::string_view fact) {
         if (holds) add(kind("fact"), fact, 1);
@@ -54,34 +55,45 @@ class Builder {
     /// Each concept of the tokens once.
     void addConcepts(std::uint64_t of, const Tokens& found, float value) {
         std::vector<bool> seen(concepts_.count());
-        concepts_.each(found, [&](std::size_t group) {
+        concepts_.each(found, [&](std::size_t group, std::size_t, std::size_t) {
             if (seen[group]) return;
             seen[group] = true;
-            out_.push_back({rowOf(of + group * 0x9E3779B97F4A7C15), value});
+            out_.push_back({keyOf(of + group * 0x9E3779B97F4A7C15), value});
         });
     }
-    /// Ends the block: what was added since the last becomes a vector of this length.
-    void endBlock(float length) {
-        double squares = 0;
-        for (auto i = blockStart_; i < out_.size(); ++i)
-            squares += static_cast<double>(out_[i].value) * static_cast<double>(out_[i].value);
-        if (squares > 0) {
-            const float factor = length / static_cast<float>(std::sqrt(squares));
-            for (auto i = blockStart_; i < out_.size(); ++i) out_[i].value *= factor;
-        }
-        blockStart_ = out_.size();
+    /// Each pair of concepts that follow one another once: what was done to what, in whichever
+    /// words.
+    void addConceptPairs(std::uint64_t of, const Tokens& found, float value) {
+        std::optional<std::size_t> before;
+        std::set<std::size_t> seen;
+        concepts_.each(found, [&](std::size_t group, std::size_t, std::size_t) {
+            if (before && *before != group) {
+                const std::size_t pair = *before * concepts_.count() + group;
+                if (seen.insert(pair).second)
+                    out_.push_back({keyOf(of + (pair + 1) * 0x9E3779B97F4A7C15), value});
+            }
+            before = group;
+        });
     }
+    /// How a long word begins, which endings of number, case and tense leave alone.
+    void addStem(std::string_view word, float value) {
+        constexpr std::size_t stem = 5;
+        if (word.size() > stem) add(kind("stem"), word.substr(0, stem), value);
+    }
+    /// Ends the block: what was added since the last counts as a vector of this length.
+    void endBlock(float length) { features_.blocks.push_back({out_.size(), length}); }
 
   private:
     const Concepts& concepts_;
+    Features& features_;
     std::vector<Feature>& out_;
-    std::size_t blockStart_;
 };
 
 void addSubject(Builder& builder, const Tokens& words) {
     for (std::size_t i = 0; i < words.size(); ++i) {
         builder.add(kind("subject"), words[i], 1);
         builder.add(kind("anywhere"), words[i], 0.5F);
+        builder.addStem(words[i], 0.5F);
         if (i + 1 < words.size()) builder.addPair(kind("subject pair"), words[i], words[i + 1], 1);
         if (i + 2 < words.size())
             builder.addPair(kind("subject gap"), words[i], words[i + 2], 0.5F);
@@ -102,6 +114,7 @@ void addBody(Builder& builder, const Tokens& words) {
         const float value = i < 40 ? 1.0F : 0.7F;
         builder.add(kind("body"), words[i], value);
         builder.add(kind("anywhere"), words[i], 0.5F * value);
+        builder.addStem(words[i], 0.5F * value);
         if (i + 1 < words.size()) builder.addPair(kind("body pair"), words[i], words[i + 1], value);
         if (i < 3) builder.add(kind("body start"), words[i], 0.7F);
     }
@@ -221,21 +234,23 @@ void addFacts(Builder& builder, const MailText& mail, std::string_view subject,
 
 }  // namespace
 
-std::vector<Feature> FeatureExtractor::extract(const MailText& mail) const {
+Features FeatureExtractor::extract(const MailText& mail) const {
     const std::string sender = folded(mail.sender);
     const std::string subject = folded(undressed(mail.subject));
     const std::string body = folded(undressed(mail.body));
     const Tokens subjectWords = tokens(subject, subjectTokens);
     const Tokens bodyWords = tokens(body, bodyTokens);
 
-    std::vector<Feature> features;
-    features.reserve(1000);
+    Features features;
+    features.all.reserve(1000);
     Builder builder(concepts_, features);
     addSubject(builder, subjectWords);
     addBody(builder, bodyWords);
     builder.addConcepts(kind("subject concept"), subjectWords, 1);
+    builder.addConceptPairs(kind("subject concept pair"), subjectWords, 0.7F);
     builder.endBlock(0.8F);
     builder.addConcepts(kind("body concept"), bodyWords, 1);
+    builder.addConceptPairs(kind("body concept pair"), bodyWords, 0.5F);
     builder.endBlock(0.8F);
     addSender(builder, Sender(sender));
     addFacts(builder, mail, subject, body, subjectWords, bodyWords);

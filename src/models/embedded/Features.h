@@ -1,37 +1,50 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "models/embedded/ConceptTable.h"
 #include "models/embedded/Concepts.h"
 #include "models/embedded/MailText.h"
 
 namespace brindlet {
 
-/// One thing seen in a message: the row of the weights that it counts towards, and how much.
+/// One thing seen in a message: what it is, as a hash, and how much of it.
 struct Feature {
-    std::uint32_t row = 0;
+    std::uint32_t key = 0;
     float value = 0;
 
     friend bool operator==(const Feature&, const Feature&) = default;
 };
 
-/// Rows are hashes of so many bits.
-inline constexpr int featureBits = 17;
+/// What was seen in a message, in blocks: words of the subject, of the body, and so on. The known
+/// ones of a block are to be made a vector of its length, so that a long body does not outweigh the
+/// subject, and words that nobody has taught do not weaken those around them.
+struct Features {
+    struct Block {
+        std::size_t end = 0;  ///< where in `all` the block ends; it begins where the last one ends
+        float length = 0;
+
+        friend bool operator==(const Block&, const Block&) = default;
+    };
+    std::vector<Feature> all;
+    std::vector<Block> blocks;
+
+    friend bool operator==(const Features&, const Features&) = default;
+};
 
 /// Turns a message into features: words, pairs of words and concepts of subject and body, the
-/// sender's words and shape, and facts about the whole (a reply, capitals, how long). Each of these
-/// blocks has a fixed length as a vector, so that a long body does not outweigh the subject. The
-/// same message gives the same features on every machine. A row may come up more than once. Any
-/// thread.
+/// sender's words and shape, and facts about the whole (a reply, capitals, how long). The same
+/// message gives the same features on every machine. A key may come up more than once. Any thread.
 ///
 /// A change here makes trained weights worthless: raise `weightsVersion` with it and train again.
 class FeatureExtractor {
   public:
-    std::vector<Feature> extract(const MailText& mail) const;
+    Features extract(const MailText& mail) const;
 
   private:
-    Concepts concepts_;
+    Concepts concepts_{conceptTable()};
 };
 
 }  // namespace brindlet

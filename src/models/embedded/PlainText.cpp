@@ -125,6 +125,89 @@ bool appendUnescaped(std::string& out, std::string_view word) {
     return true;
 }
 
+/// The bytes of the UTF-8 sequence that the text begins with, 0 when it is none.
+std::size_t sequenceBytes(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    const std::size_t size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : first >= 0xC2 ? 2 : 0;
+    if (size > text.size()) return 0;
+    for (std::size_t i = 1; i < size; ++i)
+        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 0;
+    return size;
+}
+
+/// The letters from U+00C0 on without their marks; "." for what is no letter, and capitals for the
+/// two letters that some stand for.
+constexpr std::string_view plainLetters =
+    "aaaaaaAceeeeiiiidnooooo.ouuuuyTSaaaaaaAceeeeiiiidnooooo.ouuuuyTy"
+    "aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiiiJJjjkkklllllll"
+    "lllnnnnnnnnnooooooOOrrrrrrssssssssttttttuuuuuuuuuuuuwwyyyzzzzzzs";
+
+std::string_view plainLetter(std::size_t number) {
+    if (number >= plainLetters.size() || plainLetters[number] == '.') return {};
+    switch (plainLetters[number]) {
+        case 'A':
+            return "ae";
+        case 'O':
+            return "oe";
+        case 'S':
+            return "ss";
+        case 'T':
+            return "th";
+        case 'J':
+            return "ij";
+        default:
+            return plainLetters.substr(number, 1);
+    }
+}
+
+/// Two bytes of UTF-8.
+void appendPlainLetter(std::string& out, std::string_view character) {
+    const auto number =
+        static_cast<std::size_t>((character[0] & 0x1F) << 6 | (character[1] & 0x3F));
+    if (number == 0xA0) {  // no-break space
+        out += ' ';
+    } else if (number == 0xAD || number == 0x34F) {
+        return;  // soft hyphen, grapheme joiner
+    } else if (number >= 0xC0 && !plainLetter(number - 0xC0).empty()) {
+        out += plainLetter(number - 0xC0);
+    } else {
+        out += character;
+    }
+}
+
+/// A byte of no UTF-8 sequence comes out of quoted-printable in one of the older western sets.
+std::string_view plainByte(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0xC0) return plainLetter(byte - 0xC0U);
+    switch (byte) {
+        case 0x80:
+            return "\xE2\x82\xAC";
+        case 0x91:
+        case 0x92:
+            return "'";
+        case 0x93:
+        case 0x94:
+            return "\"";
+        case 0x96:
+        case 0x97:
+            return "-";
+        case 0xA3:
+            return "\xC2\xA3";
+        default:
+            return " ";
+    }
+}
+
+/// The last byte of a character from U+2000 to U+203F.
+std::string_view plainMark(char c) {
+    const auto last = static_cast<unsigned char>(c);
+    if (last <= 0x8A || last == 0xAF) return " ";   // spaces of many widths
+    if (last >= 0x90 && last <= 0x95) return "-";   // dashes
+    if (last == 0x98 || last == 0x99) return "'";   // single quotes
+    if (last >= 0x9C && last <= 0x9F) return "\"";  // double quotes
+    return {};                                      // the rest is invisible
+}
+
 }  // namespace
 
 std::string undressed(std::string_view text) {
@@ -160,27 +243,23 @@ std::string undressed(std::string_view text) {
 std::string folded(std::string_view text) {
     std::string out;
     out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    for (std::size_t i = 0; i < text.size();) {
         const std::string_view rest = text.substr(i);
         if (static_cast<unsigned char>(text[i]) < 0x80) {
-            out += ascii::lower(text[i]);
-        } else if (rest.starts_with("\xC2\xA0")) {  // no-break space
-            out += ' ';
-            i += 1;
-        } else if (rest.starts_with("\xC2\xAD") || rest.starts_with("\xCD\x8F")) {
-            i += 1;  // soft hyphen, grapheme joiner
-        } else if (rest.size() >= 3 && rest.starts_with("\xE2\x80")) {
-            const auto last = static_cast<unsigned char>(rest[2]);
-            if (last <= 0x8A || last == 0xAF) out += ' ';   // spaces of many widths
-            if (last >= 0x90 && last <= 0x95) out += '-';   // dashes
-            if (last == 0x98 || last == 0x99) out += '\'';  // single quotes
-            if (last >= 0x9C && last <= 0x9F) out += '"';   // double quotes
-            i += 2;                                         // the rest is invisible
-        } else if (rest.starts_with("\xEF\xBB\xBF")) {
-            i += 2;  // byte-order mark, in marketing mail a filler
-        } else {
-            out += text[i];
+            out += ascii::lower(text[i++]);
+            continue;
         }
+        const std::size_t size = sequenceBytes(rest);
+        const std::string_view character = rest.substr(0, size);
+        if (size == 0)
+            out += plainByte(text[i]);
+        else if (size == 2)
+            appendPlainLetter(out, character);
+        else if (character.starts_with("\xE2\x80"))
+            out += plainMark(character[2]);
+        else if (character != "\xEF\xBB\xBF")  // byte-order mark, in marketing mail a filler
+            out += character;
+        i += std::max<std::size_t>(size, 1);
     }
     return out;
 }

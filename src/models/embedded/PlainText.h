@@ -12,8 +12,9 @@ namespace brindlet {
 /// runs of base64 by the text inside them, without its tags.
 std::string undressed(std::string_view text);
 
-/// ASCII letters lower-cased, typographic quotes, dashes and blanks as their plain forms, invisible
-/// characters dropped. Other scripts keep their case: the words known here are ASCII ones.
+/// Latin letters lower-cased and without their marks ("\u00C4rger" gives "arger"), typographic
+/// quotes, dashes and blanks as their plain forms, invisible characters dropped. A byte that is no
+/// UTF-8 is read as the western character sets have it. Other scripts stay as they are.
 std::string folded(std::string_view text);
 
 }  // namespace brindlet

@@ -14,6 +14,17 @@ bool isWordByte(char c) {
     return ascii::isLetter(c) || static_cast<unsigned char>(c) >= 0x80;
 }
 
+/// "l'abonnement", "dell'ordine": the word is what follows.
+std::string_view withoutArticle(std::string_view word) {
+    static constexpr std::array<std::string_view, 15> articles{
+        "l", "d", "qu", "n", "s", "c", "j", "m", "t", "dell", "nell", "all", "dall", "sull", "un"};
+    const auto end = word.find('\'');
+    if (end == std::string_view::npos) return word;
+    return std::ranges::find(articles, word.substr(0, end)) == articles.end()
+               ? word
+               : word.substr(end + 1);
+}
+
 class Tokenizer {
   public:
     Tokenizer(std::string_view text, std::size_t limit) : text_(text), limit_(limit) {}
@@ -91,7 +102,7 @@ class Tokenizer {
         while (at_ < text_.size() &&
                (isWordByte(text_[at_]) || (text_[at_] == '\'' && isWordByte(peek(1)))))
             ++at_;
-        const std::string_view found = text_.substr(start, at_ - start);
+        const std::string_view found = withoutArticle(text_.substr(start, at_ - start));
         if (found == "http" || found == "https" || found == "www") {
             skipToBlank();
             out_.push_back("#url");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -133,6 +134,8 @@ std::optional<Grammar::Scenario> Grammar::parsedHeading(std::string_view heading
             scenario.dress = value == "plain" ? Dress::plain
                              : value == "web" ? Dress::web
                                               : Dress::bulk;
+        } else if (name == "language") {
+            scenario.language = value;
         } else {
             return std::nullopt;
         }
@@ -181,8 +184,18 @@ std::string Grammar::addCategory(std::string_view label, std::string_view text) 
         if (scenario.senders.empty() || scenario.subjects.empty() ||
             scenario.bodies.size() < scenario.mostBodies)
             return "a scenario with too few phrases";
-    categories_[std::string(label)] = std::move(scenarios);
+    auto& known = categories_[std::string(label)];
+    std::ranges::move(scenarios, std::back_inserter(known));
     return {};
+}
+
+Grammar::Breadth Grammar::breadth(std::string_view label) const {
+    Breadth breadth;
+    for (const auto& scenario : categories_.find(label)->second) {
+        breadth.patterns += scenario.subjects.size();
+        breadth.languages.insert(scenario.language);
+    }
+    return breadth;
 }
 
 SampleMail Grammar::make(std::string_view label, Random& random, Dress& dress) const {

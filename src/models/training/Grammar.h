@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,15 +31,25 @@ struct SampleMail {
 /// and "closings:" open its phrases. A message has one sender, one subject, and for its body one
 /// opening, so many different bodies as told in any order, and one closing. The dress says how such
 /// mail is sent: "plain", "web" (parts and encodings) or "bulk" (as web, and base64 more often).
-/// Word lists may stand between scenarios.
+/// "language de" tells what the texts are written in where that is not English; it changes nothing
+/// about the messages. Word lists may stand between scenarios.
 class Grammar {
   public:
     enum class Dress { plain, web, bulk };
 
     /// Each gives an empty text, or what is wrong and in which line. A slot's list stands before
-    /// its use, so words come before categories, and no list leads back to itself.
+    /// its use, so words come before categories, and no list leads back to itself. A category may
+    /// be added to again and again.
     std::string addWords(std::string_view text);
     std::string addCategory(std::string_view label, std::string_view text);
+
+    /// How wide a category that was added is: its subjects' patterns, each of which goes with the
+    /// bodies of its own scenario alone, and its languages.
+    struct Breadth {
+        std::size_t patterns = 0;
+        std::set<std::string, std::less<>> languages;
+    };
+    Breadth breadth(std::string_view label) const;
 
     /// A message of a category that was added, before it is dressed; with its dress.
     SampleMail make(std::string_view label, Random& random, Dress& dress) const;
@@ -53,6 +64,7 @@ class Grammar {
         std::size_t fewestBodies = 1;
         std::size_t mostBodies = 1;
         Dress dress = Dress::plain;
+        std::string language = "en";
         std::vector<Phrase> senders, subjects, bodies, openings, closings;
     };
     /// One message's expansion, with what was chosen once for it.

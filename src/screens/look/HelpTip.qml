@@ -7,6 +7,7 @@ Rectangle {
 
     readonly property bool shown: Help.shown
     readonly property string text: Help.text
+    readonly property bool settled: opacity === (shown ? 1 : 0)
 
     objectName: "helpTip"
     // Above menus, which the toolkit shows at 1000001.

@@ -54,6 +54,7 @@ Item {
         Txt {
             objectName: "count"
             Layout.fillWidth: true
+            Layout.topMargin: Theme.space3
             Layout.bottomMargin: Theme.space5
             horizontalAlignment: Text.AlignHCenter
             text: root.model.count
@@ -63,7 +64,7 @@ Item {
         OrbButton {
             objectName: "sort"
             Layout.alignment: Qt.AlignHCenter
-            Layout.bottomMargin: Theme.space5
+            Layout.bottomMargin: Theme.space3
             text: root.model.sortLabel
             enabled: root.model.canSort
             onClicked: root.model.sort()

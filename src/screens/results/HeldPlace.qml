@@ -16,9 +16,12 @@ QtObject {
         target: root.card
 
         function onYChanged(): void {
+            // Whoever has gone elsewhere meanwhile is not brought back.
+            const onItsWay = root.soon.running || !root.page.settled;
             root.page.shift(root.card.y - root.lastY);
             root.lastY = root.card.y;
-            root.soon.restart();
+            if (onItsWay)
+                root.soon.restart();
         }
 
         function onHeightChanged(): void {

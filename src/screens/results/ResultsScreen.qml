@@ -8,7 +8,8 @@ FocusScope {
 
     required property ResultsModel model
 
-    readonly property bool settled: page.settled && bars.settled
+    readonly property bool settled: page.settled && bars.settled && !lost.running
+                                    && !hold.soon.running
     readonly property Item focusItem: Window.activeFocusItem
     // What had the keyboard is gone, and Tab would begin all over.
     readonly property bool focusLost: focusItem === root

@@ -14,6 +14,7 @@ import tempfile
 tools = pathlib.Path(os.environ["BRINDLET_TOOLS"])
 address = "robin.ashdown@gmail.example"
 password = "good luck with this"
+account = "imap://A94D20E6-17C8-4B5F-9D31-0C7E64B8A2F5/"
 # No client waits for longer; it is never waited for when all is well.
 patience = 60
 
@@ -93,8 +94,12 @@ class Server:
 
     def mailbox(self, path):
         """The row of one of the account's mailboxes; the path as it stands in URLs."""
-        return self.query("SELECT ROWID FROM mailboxes WHERE url = "
-                          "'imap://A94D20E6-17C8-4B5F-9D31-0C7E64B8A2F5/' || ?", path)[0][0]
+        return self.query("SELECT ROWID FROM mailboxes WHERE url = ? || ?", account, path)[0][0]
+
+    def mailboxes(self):
+        """The paths of the account's mailboxes, as they stand in URLs."""
+        return [url.removeprefix(account) for url, in self.query("SELECT url FROM mailboxes")
+                if url.startswith(account)]
 
     def header_of_file(self, row):
         """The header in a message's file, read by nothing of ours; none where there is no file."""

@@ -10,8 +10,9 @@
 namespace brindlet::bench {
 namespace {
 
-constexpr double mostMicrosecondsAMessage = 40;
-constexpr double mostMillisecondsToLoad = 5;
+constexpr double mostMicrosecondsAMessage = 50;
+constexpr double mostMillisecondsToLoad = 2;
+constexpr double mostMegabytes = 4;
 
 struct Message {
     std::string sender, subject, body;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <numeric>
 
 #include "models/embedded/EventReader.h"
 #include "models/embedded/Features.h"
@@ -52,8 +53,10 @@ bool isBounce(std::string_view subject) {
 std::string_view bestLabel(const LabelScores& probabilities, float leastJunk) {
     const auto best = std::ranges::max_element(probabilities);
     const auto label = static_cast<std::size_t>(best - probabilities.begin());
-    if (label < junkLabels && *best < leastJunk) return learnedLabels[cannotTellLabel];
-    return learnedLabels[label];
+    if (label >= junkLabels) return learnedLabels[label];
+    const float junk =
+        std::accumulate(probabilities.begin(), probabilities.begin() + junkLabels, 0.0F);
+    return learnedLabels[junk < leastJunk ? cannotTellLabel : label];
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "models/embedded/Ascii.h"
 #include "models/embedded/Hash.h"
 #include "models/embedded/PlainText.h"
+#include "models/embedded/Sender.h"
 #include "models/embedded/Tokens.h"
 
 namespace brindlet {
@@ -121,27 +122,6 @@ void addBody(Builder& builder, const Tokens& words) {
     builder.endBlock(1.3F);
 }
 
-/// "Ada Park <ada.park@mail.test>" in pieces; an address alone has no name.
-struct Sender {
-    std::string_view name;
-    std::string_view local;
-    std::string_view domain;
-
-    explicit Sender(std::string_view text) {
-        const auto open = text.rfind('<');
-        std::string_view address = text;
-        if (open != std::string_view::npos) {
-            name = text.substr(0, open);
-            address = text.substr(open + 1);
-            address = address.substr(0, address.find('>'));
-        }
-        const auto at = address.find('@');
-        local = address.substr(0, at);
-        if (at != std::string_view::npos) domain = address.substr(at + 1);
-        while (!domain.empty() && !ascii::isAlphanumeric(domain.back())) domain.remove_suffix(1);
-    }
-};
-
 bool isPrivateDomain(std::string_view domain) {
     static constexpr std::array<std::string_view, 16> known{
         "gmail.",  "googlemail.", "yahoo.", "hotmail.", "aol.", "outlook.", "comcast.", "me.com",
@@ -171,9 +151,7 @@ void addSender(Builder& builder, const Sender& sender) {
 
     // An address made of its owner's name is a person's.
     if (name.size() >= 2 && name.size() <= 3) {
-        const auto echoes = std::ranges::count_if(name, [&](std::string_view word) {
-            return word.size() > 2 && contains(sender.local, word);
-        });
+        const auto echoes = sender.echoes();
         if (echoes > 0) builder.add(kind("sender"), echoes > 1 ? "whole name" : "half name", 1);
         if (name.size() == 2) builder.add(kind("sender"), "two words", 0.4F);
     }
@@ -195,12 +173,6 @@ struct Shape {
         }
     }
 };
-
-bool isReply(std::string_view subject) {
-    for (const std::string_view start : {"re:", "re :", "fw:", "fw :", "fwd:", "aw:", "sv:", "wg:"})
-        if (subject.starts_with(start)) return true;
-    return false;
-}
 
 void addFacts(Builder& builder, const MailText& mail, std::string_view subject,
               std::string_view body, const Tokens& subjectWords, const Tokens& bodyWords) {

@@ -1,8 +1,12 @@
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "Arguments.h"
 #include "Evaluation.h"
@@ -22,13 +26,12 @@ constexpr std::string_view usage =
     "               [--own ADDRESS] [--correspondents FILE]\n"
     "               [--jsonl | --update PAGE | --compare PAGE] [--at-least P]\n"
     "\n"
-    "Sorts the labelled messages of FILE, or of the file that BRINDLET_CORPUS names, with the\n"
-    "embedded model, and prints how right it is as tables of Markdown: first the mail that must\n"
-    "stay but was proposed as junk. The messages go through a scan's own gates as if they were "
-    "one\n"
-    "folder, newest first: a few of like subjects are read and the others inherit, and protection\n"
-    "holds back. The file has a JSON object a line: from, subject, body, category, and perhaps id\n"
-    "and ambiguous. Ambiguous messages are sorted too, but count in no number.\n"
+    "Sorts the labelled messages of FILE, or of the file that BRINDLET_CORPUS names, and prints\n"
+    "how right the embedded model is as tables of Markdown: first the mail that must stay but was\n"
+    "proposed as junk. The messages go through a scan's own gates as one folder, newest first: a\n"
+    "few of like subjects are read and the others inherit, and protection holds back. The file\n"
+    "has a JSON object a line: from, subject, body, category, and perhaps id and ambiguous.\n"
+    "Ambiguous messages are sorted too, but count in no number.\n"
     "\n"
     "  --raw             asks the model about each message by itself, with nothing that protects\n"
     "  --guesses         lets the embedded model propose as junk what it is not sure of\n"

@@ -3,6 +3,7 @@
 #include <arpa/inet.h>
 #include <curl/curl.h>
 #include <netinet/in.h>
+#include <openssl/crypto.h>
 #include <sys/socket.h>
 
 #include <cstddef>
@@ -21,6 +22,16 @@ struct FreedBy {
     void operator()(T* object) const {
         free(object);
     }
+};
+
+/// libcurl draws random numbers even for plain http, and OpenSSL, which makes them, keeps state for
+/// each thread until that ends. A thread that nobody waits for may end after the process's last
+/// look at its memory, so it lets go before it tells its result.
+struct ThreadState {
+    ThreadState() = default;
+    ThreadState(const ThreadState&) = delete;
+    ThreadState& operator=(const ThreadState&) = delete;
+    ~ThreadState() { OPENSSL_thread_stop(); }
 };
 
 /// Takes the answer in, up to its bound.
@@ -111,6 +122,7 @@ LoopbackReply postOnLoopback(const std::string& url, const std::string& json,
     if (abandoned.cancelled()) return {LoopbackReply::Outcome::abandoned, {}};
     // The first call prepares the library, for the whole process and for good.
     static const CURLcode prepared = curl_global_init(CURL_GLOBAL_DEFAULT);
+    const ThreadState ending;
     // Nothing is kept for the next call. A kept connection would save some tens of microseconds,
     // but where the server has let go of it, libcurl would send the request a second time; and
     // servers that give each connection a thread would hold on to four.

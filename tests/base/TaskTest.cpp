@@ -196,18 +196,21 @@ TEST(TaskGroup, ChildrenMayBeAddedAsResultsCome) {
 }
 
 TEST(TaskGroup, AbandonedChildrenCanLearnOfIt) {
+    const auto begun = std::make_shared<Gate>();
     const auto ended = std::make_shared<Gate>();
     CancelToken abandoned;
     {
         TaskGroup<int> group(2);
         abandoned = group.abandoned();
         group.add([] { return 7; });
-        group.add([ended, token = group.abandoned()] {
+        group.add([begun, ended, token = group.abandoned()] {
+            begun->raise();
             EXPECT_FALSE(token.sleep(3600));
             ended->raise();
             return 8;
         });
         EXPECT_EQ(*group.next(), 7);
+        begun->waitFor(1);  // one that has not begun never runs
         EXPECT_FALSE(abandoned.cancelled());
     }
     EXPECT_TRUE(abandoned.cancelled());

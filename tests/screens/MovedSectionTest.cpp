@@ -81,7 +81,8 @@ TEST(MovedSection, DoesNotCallBackWhoHasGoneToTheTopWhenTheBarGrows) {
     open(stage);
     auto* page = stage.find("resultsPage");
     const auto top = [&] { return page->property("contentY").toDouble(); };
-    ASSERT_GT(top(), 100) << "the section lies further down";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return top() > 100; })) << "the section lies further down";
+    stage.settle();
     page->setProperty("contentY", 0);
     const double before = stage.find("moveBar")->height();
     stage.state->moveError.set(std::string(90, 'x') + ' ' + std::string(90, 'y') + ' ' +

@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQuickWindow>
 #include <cstdlib>
 
@@ -11,10 +12,21 @@
 #include "session/AppState.h"
 
 namespace brindlet {
+namespace {
+
+QIcon ownIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        icon.addFile(QStringLiteral(":/icon/brindlet-%1.png").arg(size), {size, size});
+    return icon;
+}
+
+}  // namespace
 
 void prepareToolkit() {
     QGuiApplication::setApplicationName(QStringLiteral("Brindlet"));
     QGuiApplication::setDesktopFileName(QStringLiteral("brindlet"));
+    QGuiApplication::setWindowIcon(ownIcon());
     QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
 }
 

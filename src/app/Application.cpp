@@ -9,6 +9,7 @@
 #include "app/ColourScheme.h"
 #include "app/MainWindow.h"
 #include "app/QtMainQueue.h"
+#include "app/WatchedLoop.h"
 #include "session/AppState.h"
 
 namespace brindlet {
@@ -30,7 +31,8 @@ void prepareToolkit() {
     QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
 }
 
-void runApplication(AppState& state, QtMainQueue& queue, const std::function<void()>& firstFrame) {
+void runApplication(AppState& state, QtMainQueue& queue, const Watchdog::Seams& watch,
+                    const std::function<void()>& firstFrame) {
     prepareToolkit();
     const ColourScheme scheme;
     MainWindow main(state);
@@ -41,6 +43,7 @@ void runApplication(AppState& state, QtMainQueue& queue, const std::function<voi
     if (firstFrame)
         QObject::connect(main.window(), &QQuickWindow::frameSwapped, &main.model(), firstFrame,
                          Qt::SingleShotConnection);
+    const WatchedLoop watched(watch);
     state.refreshInReach();
     const int code = QGuiApplication::exec();
     queue.end();

@@ -250,15 +250,6 @@ std::unique_ptr<Power::Activity> SettablePower::keepAwake(const std::string& rea
     return std::make_unique<Running>(running_);
 }
 
-void RecordingDiagnostics::sample(const std::string& path, const CancelToken& token) {
-    sampled.with([&](auto& paths) { paths.push_back(path); });
-    if (whileSampling) whileSampling(token);
-}
-
-void RecordingDiagnostics::log(const std::string& line) {
-    logged.with([&](auto& lines) { lines.push_back(line); });
-}
-
 World& World::lasting() {
     static auto* const worlds = new std::vector<std::unique_ptr<World>>;
     return *worlds->emplace_back(std::make_unique<World>());

@@ -18,7 +18,6 @@
 #include "doubles/Transcript.h"
 #include "platform/Clock.h"
 #include "platform/Desktop.h"
-#include "platform/Diagnostics.h"
 #include "platform/Directories.h"
 #include "platform/LanguageModel.h"
 #include "platform/Locale.h"
@@ -209,18 +208,6 @@ class SettableRunningApps : public RunningApps {
 
     /// Bundle identifiers; at first the mail program's.
     Locked<std::set<std::string>> running{std::set<std::string>{"com.apple.mail"}};
-};
-
-/// Takes no sample; tells which were wanted, and what was logged.
-class RecordingDiagnostics : public Diagnostics {
-  public:
-    void sample(const std::string& path, const CancelToken& token) override;
-    void log(const std::string& line) override;
-
-    Locked<std::vector<std::string>> sampled;
-    Locked<std::vector<std::string>> logged;
-    /// What happens meanwhile, on the sampling thread.
-    std::function<void(const CancelToken&)> whileSampling;
 };
 
 /// All doubles together.

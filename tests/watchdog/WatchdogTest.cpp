@@ -9,6 +9,7 @@
 
 #include "base/Files.h"
 #include "doubles/Doubles.h"
+#include "doubles/RecordingDiagnostics.h"
 
 namespace brindlet {
 namespace {

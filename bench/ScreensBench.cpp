@@ -20,6 +20,7 @@
 #include "app/QtMainQueue.h"
 #include "models/embedded/EmbeddedModel.h"
 #include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/LinuxDiagnostics.h"
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/NoRunningApps.h"
 #include "platform/linux/OpenSslStream.h"
@@ -81,7 +82,9 @@ double milliseconds(const QElapsedTimer& timer) {
     QtMainQueue queue;
     const auto state = AppState::make({clock, directories, queue, defaults, model, power, desktop,
                                        locale, processes, runningApps, keys, tls, ""});
-    runApplication(*state, queue, [] { std::_Exit(EXIT_SUCCESS); });
+    LinuxDiagnostics diagnostics(processes, clock);
+    runApplication(*state, queue, {clock, directories, diagnostics},
+                   [] { std::_Exit(EXIT_SUCCESS); });
 }
 
 double firstFrame(const char* self) {

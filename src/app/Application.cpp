@@ -2,23 +2,37 @@
 
 #include <QFont>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQuickWindow>
 #include <cstdlib>
 
 #include "app/ColourScheme.h"
 #include "app/MainWindow.h"
 #include "app/QtMainQueue.h"
+#include "app/WatchedLoop.h"
 #include "session/AppState.h"
 
 namespace brindlet {
+namespace {
+
+QIcon ownIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        icon.addFile(QStringLiteral(":/icon/brindlet-%1.png").arg(size), {size, size});
+    return icon;
+}
+
+}  // namespace
 
 void prepareToolkit() {
     QGuiApplication::setApplicationName(QStringLiteral("Brindlet"));
     QGuiApplication::setDesktopFileName(QStringLiteral("brindlet"));
+    QGuiApplication::setWindowIcon(ownIcon());
     QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
 }
 
-void runApplication(AppState& state, QtMainQueue& queue, const std::function<void()>& firstFrame) {
+void runApplication(AppState& state, QtMainQueue& queue, const Watchdog::Seams& watch,
+                    const std::function<void()>& firstFrame) {
     prepareToolkit();
     const ColourScheme scheme;
     MainWindow main(state);
@@ -29,6 +43,7 @@ void runApplication(AppState& state, QtMainQueue& queue, const std::function<voi
     if (firstFrame)
         QObject::connect(main.window(), &QQuickWindow::frameSwapped, &main.model(), firstFrame,
                          Qt::SingleShotConnection);
+    const WatchedLoop watched(watch);
     state.refreshInReach();
     const int code = QGuiApplication::exec();
     queue.end();

@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include "watchdog/Watchdog.h"
+
 namespace brindlet {
 
 class AppState;
@@ -9,8 +11,9 @@ class QtMainQueue;
 
 /// Shows the window over the session and runs until it is closed. Ends the process: what still
 /// runs then, a call of the model perhaps, is abandoned, and nothing is left to be written.
-/// `firstFrame` is called once, when the window shows its first picture.
-[[noreturn]] void runApplication(AppState& state, QtMainQueue& queue,
+/// `watch` is what the watchdog over the main loop works with; `firstFrame` is called once, when
+/// the window shows its first picture.
+[[noreturn]] void runApplication(AppState& state, QtMainQueue& queue, const Watchdog::Seams& watch,
                                  const std::function<void()>& firstFrame = {});
 
 /// What holds for every program of ours with a window; after the application object is made.

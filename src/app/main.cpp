@@ -4,6 +4,7 @@
 #include "app/QtMainQueue.h"
 #include "models/ChosenModel.h"
 #include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/LinuxDiagnostics.h"
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/Memory.h"
 #include "platform/linux/NoRunningApps.h"
@@ -37,5 +38,6 @@ int main(int argc, char** argv) {
     const auto state =
         AppState::make({clock, directories, queue, defaults, *chosen.model, power, desktop, locale,
                         processes, runningApps, keys, tls, "/usr/bin/osascript"});
-    runApplication(*state, queue);
+    LinuxDiagnostics diagnostics(processes, clock);
+    runApplication(*state, queue, {clock, directories, diagnostics});
 }

@@ -11,6 +11,7 @@
 #include "platform/LanguageModel.h"
 #include "platform/Power.h"
 #include "platform/linux/FileUserDefaults.h"
+#include "platform/linux/LinuxDiagnostics.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/SystemLocale.h"
 #include "platform/posix/PosixProcessRunner.h"
@@ -89,6 +90,7 @@ struct DemoWorld {
     PluggedPower power;
     SayingDesktop desktop;
     PosixProcessRunner processes;
+    LinuxDiagnostics diagnostics{processes, clock};
     sample::SimulatedApps runningApps;
     MemoryKeyStore keys;
     /// The stand-in that lies beside this program; no script ever reaches the person's own mail

@@ -9,6 +9,7 @@
 #include "app/Application.h"
 #include "app/MainWindow.h"
 #include "app/QtMainQueue.h"
+#include "app/WatchedLoop.h"
 #include "app/demo/DemoWorld.h"
 #include "app/demo/Options.h"
 #include "app/demo/Tour.h"
@@ -69,6 +70,7 @@ int runDemo(const Options& options, DemoWorld& world) {
     main.model().setDark(!options.light);
     if (!main.show()) return EXIT_FAILURE;
     if (!options.size.isEmpty()) main.window()->resize(options.size);
+    const WatchedLoop watched({world.clock, world.directories, world.diagnostics});
     state->refreshInReach();
     int code = EXIT_SUCCESS;
     if (options.tour.empty())

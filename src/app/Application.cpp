@@ -29,6 +29,7 @@ void runApplication(AppState& state, QtMainQueue& queue, const std::function<voi
     if (firstFrame)
         QObject::connect(main.window(), &QQuickWindow::frameSwapped, &main.model(), firstFrame,
                          Qt::SingleShotConnection);
+    state.startTimer();
     state.refreshInReach();
     const int code = QGuiApplication::exec();
     queue.end();

@@ -69,6 +69,7 @@ int runDemo(const Options& options, DemoWorld& world) {
     main.model().setDark(!options.light);
     if (!main.show()) return EXIT_FAILURE;
     if (!options.size.isEmpty()) main.window()->resize(options.size);
+    state->startTimer();
     state->refreshInReach();
     int code = EXIT_SUCCESS;
     if (options.tour.empty())

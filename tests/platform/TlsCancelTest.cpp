@@ -44,14 +44,16 @@ TEST(TlsCancel, EndsALookUpThatNeverAnswers) {
 
 TEST(TlsCancel, EndsAConnectionThatNobodyTakesUp) {
     const FullServer full;
-    Gate asked;
-    const auto stream = TlsWorld().streamBy([&](const std::string&, std::uint16_t) {
-        asked.raise();
-        return HostLookup{.addresses = {full.address()}, .failure = {}};
-    });
+    // The thread of a look-up may outlive the test.
+    const auto asked = std::make_shared<Gate>();
+    const auto stream =
+        TlsWorld().streamBy([asked, address = full.address()](const std::string&, std::uint16_t) {
+            asked->raise();
+            return HostLookup{.addresses = {address}, .failure = {}};
+        });
     TlsStream::Failure failure;
     std::thread client([&] { failure = stream->connect(); });
-    asked.waitFor(1);
+    asked->waitFor(1);
     stream->cancel();
     client.join();
     EXPECT_EQ(failure, "cancelled");

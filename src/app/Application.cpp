@@ -43,6 +43,7 @@ void runApplication(AppState& state, QtMainQueue& queue, const Watchdog::Seams& 
     if (firstFrame)
         QObject::connect(main.window(), &QQuickWindow::frameSwapped, &main.model(), firstFrame,
                          Qt::SingleShotConnection);
+    state.startTimer();
     const WatchedLoop watched(watch);
     state.refreshInReach();
     const int code = QGuiApplication::exec();

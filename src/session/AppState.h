@@ -228,6 +228,19 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     const std::shared_ptr<Gmail>& gmail() const { return gmail_; }
     /// Where the selected account's junk goes.
     std::string destinationName() const;
+
+    /// Looks every 300 seconds whether an automatic run is due, for as long as the program runs.
+    /// However many were missed, as while the machine slept, the next look begins one.
+    void startTimer();
+    /// Scans the watched mailboxes one after another, and moves what it finds if the schedule says
+    /// so; nothing while a scan, a move or such a run is under way. Stopping one of its scans stops
+    /// no more than that.
+    void runDue();
+    /// Also true while it waits for the accounts, or between two mailboxes.
+    bool automaticRunning() const { return *automaticRunning_; }
+    /// The latest automatic run, if there ever was one.
+    const std::optional<Task>& automaticTask() const { return automaticTask_; }
+
     /// Whose `stopMove` ends the running move.
     Mover& mover() { return *mover_; }
     /// The latest move, if there ever was one.
@@ -271,6 +284,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
 
   private:
     class Port;
+    class AutomaticRun;
 
     AppState(Services services, int readers);
     void observeStores();
@@ -342,6 +356,8 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     bool allowsUIMove() const;
     std::optional<std::string> savedDestination(const MailAccount& of) const;
 
+    void timerTick();
+
     Services services_;
     int readers_;
     std::shared_ptr<const MailStore> mail_;
@@ -349,11 +365,15 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     std::shared_ptr<Mover> mover_;
     std::shared_ptr<Gmail> gmail_;
     std::vector<Subscription> childObservers_;
+    std::optional<Task> timer_;
+    std::optional<Task> automaticTask_;
+    Published<bool> automaticRunning_{*this};
     std::optional<Task> task_;
     std::uint64_t scanNumber_ = 0;  // tells the present scan from one that a newer has replaced
     std::vector<Screen> navStack_;
     std::optional<Task> kindTask_;
     std::optional<Task> moveTask_;
+    std::uint64_t movesBegun_ = 0;
     std::optional<Task> persistTask_;
     std::unique_ptr<Power::Activity> sleepAssertion_;
     /// What was worked out last, and of which revisions.

@@ -94,6 +94,7 @@ void AppState::beginMoving(std::size_t messages, const char* words) {
 void AppState::runMover(Mover::Request request, MoveRoute route, std::string movingWords,
                         std::function<void(AppState&, const MoveOutcome&)> book,
                         std::function<bool()> instead) {
+    ++movesBegun_;
     moveTask_ = Task::start(
         TaskPriority::userInitiated,
         [weak = weak_from_this(), mover = mover_, &queue = services_.mainQueue, route,

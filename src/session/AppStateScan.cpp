@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/MainQueue.h"
 #include "session/AppState.h"
+#include "session/AskSession.h"
 #include "session/Corrections.h"
 #include "session/Scan.h"
 #include "session/ScanStages.h"
@@ -109,12 +110,7 @@ class AppState::Port : public ScanPort {
     /// Asks the session, whichever scan it shows now.
     template <class F>
     auto ask(F question) -> std::optional<std::invoke_result_t<F, AppState&>> {
-        using Answer = std::optional<std::invoke_result_t<F, AppState&>>;
-        auto answer = hop(queue_, [&]() -> Answer {
-            const auto state = state_.lock();
-            return state ? Answer(question(*state)) : std::nullopt;
-        });
-        return answer ? std::move(*answer) : std::nullopt;
+        return askSession(state_, queue_, std::move(question));
     }
     /// Does it, whichever scan the session shows now; false when the session is gone.
     template <class F>

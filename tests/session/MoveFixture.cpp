@@ -17,7 +17,7 @@ MoveTest::MoveTest() {
 MoveTest::~MoveTest() {
     world.processes.release();
     world.mainQueue.end();
-    if (state->moveTask()) state->moveTask()->wait();
+    if (state && state->moveTask()) state->moveTask()->wait();
     world.processes.setScript([](const auto&) { return doubles::ScriptedProcessRunner::Reply{}; });
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "words/AutomaticWords.h"
 #include "words/CalibrationWords.h"
 #include "words/CategoryWords.h"
 #include "words/FolderWords.h"
@@ -239,6 +240,22 @@ TEST(StaticWords, Undo) {
 
 TEST(StaticWords, Offer) {
     EXPECT_EQ(OfferWords().symbol, "wand.and.stars");
+}
+
+TEST(StaticWords, Automatic) {
+    const AutomaticWords words;
+    EXPECT_EQ(words.backSymbol, "chevron.left");
+    EXPECT_EQ(words.title, "Automatic sorting");
+    EXPECT_EQ(words.text,
+              "Brindlet checks the mailboxes you pick, on a schedule, while it sits in the menu "
+              "bar.");
+    EXPECT_EQ(words.enable, "Sort on a schedule");
+    EXPECT_EQ(words.mailboxesTitle, "MAILBOXES TO SORT");
+    EXPECT_EQ(words.goneSymbol, "exclamationmark.triangle.fill");
+    EXPECT_EQ(words.removeGone, "Remove them");
+    EXPECT_EQ(words.cadenceTitle, "HOW OFTEN");
+    EXPECT_EQ(words.modeTitle, "WHAT IT DOES WHEN IT FINDS JUNK");
+    EXPECT_EQ(words.runNow, "Run now");
 }
 
 TEST(StaticWords, History) {

@@ -70,6 +70,7 @@ int runDemo(const Options& options, DemoWorld& world) {
     main.model().setDark(!options.light);
     if (!main.show()) return EXIT_FAILURE;
     if (!options.size.isEmpty()) main.window()->resize(options.size);
+    state->startTimer();
     const WatchedLoop watched({world.clock, world.directories, world.diagnostics});
     state->refreshInReach();
     int code = EXIT_SUCCESS;

@@ -17,7 +17,8 @@ namespace brindlet::screens {
 
 /// What the window is made of: which screen stands, and one view-model a screen. Refreshed once a
 /// turn of the event loop in which the session changed, and then only the screen on show, which is
-/// told last: a new screen is born with finished words. Main thread; the session outlives it.
+/// told last: a new screen is born with finished words. Without a window there is none on show.
+/// Main thread; the session outlives it.
 class AppModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -45,6 +46,9 @@ class AppModel : public QObject {
     bool dark() const { return dark_; }
     void setDark(bool dark);
     Screen screen() const { return screen_; }
+    /// The window comes, to the session's present screen, or goes, and with it what ends with a
+    /// look at the screen on show. It is there from the beginning.
+    void setShown(bool shown);
     WelcomeModel* welcome() { return &welcome_; }
     PermissionModel* permission() { return &permission_; }
     PickModel* pick() { return &pick_; }
@@ -60,9 +64,13 @@ class AppModel : public QObject {
     void screenChanged();
 
   private:
+    void leave();
     void refresh();
 
     AppState& state_;
+    bool shown_ = true;
+    /// The screen went with the window, so it comes anew with the next.
+    bool left_ = false;
     bool dark_ = true;
     Screen screen_ = Welcome;
     WelcomeModel welcome_;

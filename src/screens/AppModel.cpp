@@ -17,13 +17,16 @@ AppModel::Screen screenFor(AppState::Screen screen) {
             return AppModel::Scanning;
         case AppState::Screen::results:
             return AppModel::Results;
+        case AppState::Screen::automatic:
+            return AppModel::Automatic;
         case AppState::Screen::history:
             return AppModel::History;
         case AppState::Screen::rules:
             return AppModel::Rules;
-        default:  // nothing leads to the others
-            return AppModel::Welcome;
+        case AppState::Screen::welcome:
+            break;
     }
+    return AppModel::Welcome;
 }
 
 }  // namespace
@@ -35,6 +38,7 @@ AppModel::AppModel(AppState& state)
       pick_(state),
       scanning_(state),
       results_(state),
+      automatic_(state),
       history_(state),
       rules_(state),
       gmailAsk_(state),
@@ -59,6 +63,7 @@ void AppModel::refresh() {
     if (appears && screen_ == Welcome) welcome_.leave();
     if (appears && screen_ == Pick) pick_.leave();
     if (appears && screen_ == Results) results_.leave();
+    if (appears && screen_ == Automatic) automatic_.leave();
     if (appears && screen_ == History) history_.leave();
     if (appears && screen_ == Rules) rules_.leave();
     switch (next) {
@@ -76,6 +81,10 @@ void AppModel::refresh() {
             break;
         case Results:
             results_.refresh();
+            break;
+        case Automatic:
+            if (appears) automatic_.appear();
+            automatic_.refresh();
             break;
         case History:
             history_.refresh();

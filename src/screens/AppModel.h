@@ -4,6 +4,7 @@
 #include <QObject>
 
 #include "screens/Coalescer.h"
+#include "screens/automatic/AutomaticModel.h"
 #include "screens/gmail/GmailAskModel.h"
 #include "screens/history/HistoryModel.h"
 #include "screens/permission/PermissionModel.h"
@@ -30,13 +31,14 @@ class AppModel : public QObject {
     Q_PROPERTY(brindlet::screens::PickModel* pick READ pick CONSTANT)
     Q_PROPERTY(brindlet::screens::ScanningModel* scanning READ scanning CONSTANT)
     Q_PROPERTY(brindlet::screens::ResultsModel* results READ results CONSTANT)
+    Q_PROPERTY(brindlet::screens::AutomaticModel* automatic READ automatic CONSTANT)
     Q_PROPERTY(brindlet::screens::HistoryModel* history READ history CONSTANT)
     Q_PROPERTY(brindlet::screens::RulesModel* rules READ rules CONSTANT)
     /// Stands over any screen.
     Q_PROPERTY(brindlet::screens::GmailAskModel* gmailAsk READ gmailAsk CONSTANT)
 
   public:
-    enum Screen { Welcome, Permission, Pick, Scanning, Results, History, Rules };
+    enum Screen { Welcome, Permission, Pick, Scanning, Results, Automatic, History, Rules };
     Q_ENUM(Screen)
 
     explicit AppModel(AppState& state);
@@ -50,6 +52,7 @@ class AppModel : public QObject {
     PickModel* pick() { return &pick_; }
     ScanningModel* scanning() { return &scanning_; }
     ResultsModel* results() { return &results_; }
+    AutomaticModel* automatic() { return &automatic_; }
     HistoryModel* history() { return &history_; }
     RulesModel* rules() { return &rules_; }
     GmailAskModel* gmailAsk() { return &gmailAsk_; }
@@ -70,6 +73,7 @@ class AppModel : public QObject {
     PickModel pick_;
     ScanningModel scanning_;
     ResultsModel results_;
+    AutomaticModel automatic_;
     HistoryModel history_;
     RulesModel rules_;
     GmailAskModel gmailAsk_;

@@ -121,6 +121,9 @@ Window {
         case AppModel.Results:
             stage.setSource("ResultsScreen.qml", { "model": root.app.results });
             break;
+        case AppModel.Automatic:
+            stage.setSource("AutomaticScreen.qml", { "model": root.app.automatic });
+            break;
         case AppModel.History:
             stage.setSource("HistoryScreen.qml", { "model": root.app.history });
             break;

@@ -24,6 +24,9 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"history", scenes::history},
     {"taught history", scenes::taughtHistory},
     {"empty history", scenes::emptyHistory},
+    {"automatic", scenes::automatic},
+    {"automatic off", scenes::automaticOff},
+    {"automatic at first", scenes::automaticAtFirst},
     {"no rules", scenes::noRules},
     {"rules", scenes::rules},
 };

@@ -348,6 +348,25 @@ void emptyHistory(AppState& state) {
     state.navigate(AppState::Screen::history);
 }
 
+void automatic(AppState& state) {
+    mailboxes(state);
+    const auto& account = state.accounts->front().id;
+    for (const auto* name : {"INBOX", "Receipts", "Old/Lists"})
+        state.schedule.toggle(account, name);
+    state.schedule.setEnabled(true);
+    state.navigate(AppState::Screen::automatic);
+}
+
+void automaticOff(AppState& state) {
+    mailboxes(state);
+    state.navigate(AppState::Screen::automatic);
+}
+
+void automaticAtFirst(AppState& state) {
+    state.schedule.setEnabled(true);
+    state.navigate(AppState::Screen::automatic);
+}
+
 void noRules(AppState& state) {
     selectInbox(state);
     state.navigate(AppState::Screen::rules);

@@ -97,6 +97,12 @@ void longHistory(AppState& state);
 /// The same as the first with the rules of `rules`, of which four last.
 void taughtHistory(AppState& state);
 void emptyHistory(AppState& state);
+/// The schedule on, two accounts, two folders picked of the first and one that is gone.
+void automatic(AppState& state);
+/// The same with nothing picked and the schedule off.
+void automaticOff(AppState& state);
+/// The schedule on before any account was read.
+void automaticAtFirst(AppState& state);
 void noRules(AppState& state);
 /// Two flipped categories and rules of every kind, over the mail of `results`.
 void rules(AppState& state);

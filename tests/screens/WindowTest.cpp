@@ -34,6 +34,9 @@ const std::vector<Scene> allScenes{
     {"long history", scenes::longHistory},
     {"taught history", scenes::taughtHistory},
     {"empty history", scenes::emptyHistory},
+    {"automatic", scenes::automatic},
+    {"automatic off", scenes::automaticOff},
+    {"automatic at first", scenes::automaticAtFirst},
     {"no rules", scenes::noRules},
     {"rules", scenes::rules},
 };
@@ -88,6 +91,7 @@ TEST(Window, ShowsTheScreenOfTheSession) {
         {AppState::Screen::pick, "pickScreen"},
         {AppState::Screen::scanning, "scanningScreen"},
         {AppState::Screen::results, "resultsScreen"},
+        {AppState::Screen::automatic, "automaticScreen"},
         {AppState::Screen::history, "historyScreen"},
         {AppState::Screen::rules, "rulesScreen"},
         {AppState::Screen::welcome, "welcomeScreen"},

@@ -108,6 +108,7 @@ TEST(StaticWords, Results) {
     EXPECT_EQ(words.rulesSymbol, "wand.and.stars");
     EXPECT_EQ(words.historySymbol, "clock.arrow.circlepath");
     EXPECT_EQ(words.history, "History");
+    EXPECT_EQ(words.automaticSymbol, "clock.arrow.2.circlepath");
     const ScanErrorWords error;
     EXPECT_EQ(error.symbol, "exclamationmark.triangle.fill");
     EXPECT_EQ(error.title, "This scan was stopped");

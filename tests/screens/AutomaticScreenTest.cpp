@@ -84,6 +84,21 @@ TEST(AutomaticScreen, WhatIsGoneIsToldAndRemoved) {
     EXPECT_FALSE(shows(stage, "goneBar"));
 }
 
+TEST(AutomaticScreen, TheBarHoldsANameThatIsOneLongWord) {
+    Stage stage([](AppState& state) {
+        scenes::automatic(state);
+        state.schedule.setWatched({{ada, std::string(120, 'w')}});
+    });
+    const auto told = stage.await("goneBar")->property("text");
+    int lines = 0;
+    for (auto* item : stage.items()) {
+        if (item->property("text") != told || !item->property("lineCount").isValid()) continue;
+        lines = item->property("lineCount").toInt();
+        EXPECT_LE(item->property("contentWidth").toReal(), item->width());
+    }
+    EXPECT_GT(lines, 3);
+}
+
 TEST(AutomaticScreen, AChipSetsHowOften) {
     Stage stage(scenes::automatic);
     for (const auto& [chip, cadence] : {std::pair("cadence0", Cadence::hourly),

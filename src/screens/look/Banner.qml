@@ -48,7 +48,8 @@ Rectangle {
                 text: root.text
                 size: Theme.rowSize
                 color: root.title === "" ? Theme.ink : Theme.ink2
-                wrapMode: Text.WordWrap
+                // A folder's name may be one long word.
+                wrapMode: Text.Wrap
             }
             Txt {
                 objectName: root.objectName + "Trouble"

@@ -27,7 +27,7 @@ RadioItem {
     contentItem: Txt {
         text: root.text
         size: Theme.rowSize
-        weight: root.chosen ? Font.DemiBold : Font.Medium
+        weight: Font.DemiBold
         color: root.chosen ? Theme.lavenderInk : Theme.ink2
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

@@ -6,7 +6,7 @@
 #include <QQuickWindow>
 #include <cstdlib>
 
-#include "app/ColourScheme.h"
+#include "app/Appearance.h"
 #include "app/MainWindow.h"
 #include "app/QtMainQueue.h"
 #include "app/WatchedLoop.h"
@@ -34,11 +34,9 @@ void prepareToolkit() {
 void runApplication(AppState& state, QtMainQueue& queue, const Watchdog::Seams& watch,
                     const std::function<void()>& firstFrame) {
     prepareToolkit();
-    const ColourScheme scheme;
+    const Appearance appearance;
     MainWindow main(state);
-    const auto follow = [&] { main.model().setDark(scheme.dark()); };
-    QObject::connect(&scheme, &ColourScheme::changed, &main.model(), follow);
-    follow();
+    main.follow(appearance);
     if (!main.show()) std::_Exit(EXIT_FAILURE);
     if (firstFrame)
         QObject::connect(main.window(), &QQuickWindow::frameSwapped, &main.model(), firstFrame,

@@ -4,6 +4,7 @@
 #include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include "app/Appearance.h"
 #include "screens/look/PaintProvider.h"
 #include "screens/look/SymbolProvider.h"
 
@@ -20,6 +21,15 @@ MainWindow::MainWindow(AppState& state) : model_(state) {
     engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine_.addImageProvider(QStringLiteral("symbol"), new screens::SymbolProvider);
     engine_.addImageProvider(QStringLiteral("paint"), new screens::PaintProvider);
+}
+
+void MainWindow::follow(const Appearance& appearance) {
+    const auto adopt = [this, &appearance] {
+        model_.setDark(appearance.dark());
+        model_.setStill(appearance.still());
+    };
+    QObject::connect(&appearance, &Appearance::changed, &model_, adopt);
+    adopt();
 }
 
 bool MainWindow::show() {

@@ -10,6 +10,7 @@ class QQuickWindow;
 namespace brindlet {
 
 class AppState;
+class Appearance;
 
 /// The window over one session. Main thread; the session outlives it.
 class MainWindow {
@@ -18,6 +19,9 @@ class MainWindow {
 
     /// Shows the window; false when it cannot be made.
     bool show();
+
+    /// Looks as the desktop wishes, from now on; `appearance` outlives the window.
+    void follow(const Appearance& appearance);
 
     screens::AppModel& model() { return model_; }
     /// Null before `show`.

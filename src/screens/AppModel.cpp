@@ -41,6 +41,7 @@ AppModel::AppModel(AppState& state)
       automatic_(state),
       history_(state),
       rules_(state),
+      unsupported_(state),
       gmailAsk_(state),
       coalescer_(state, [this] { refresh(); }) {
     refresh();
@@ -56,8 +57,15 @@ void AppModel::setDark(bool dark) {
     Q_EMIT darkChanged();
 }
 
+void AppModel::setStill(bool still) {
+    if (still == still_) return;
+    still_ = still;
+    Q_EMIT stillChanged();
+}
+
 void AppModel::refresh() {
-    const auto next = screenFor(*state_.screen);
+    unsupported_.refresh();
+    const auto next = unsupported_.shown() ? Unsupported : screenFor(*state_.screen);
     const bool appears = next != screen_;
     // First, because what leaving changes is to be seen on the next screen.
     if (appears && screen_ == Welcome) welcome_.leave();
@@ -71,6 +79,7 @@ void AppModel::refresh() {
             welcome_.refresh();
             break;
         case Permission:
+        case Unsupported:
             break;
         case Pick:
             if (appears) pick_.appear();
@@ -98,7 +107,10 @@ void AppModel::refresh() {
         Q_EMIT screenChanged();
     }
     // After the screen that it stands over.
-    gmailAsk_.refresh();
+    if (screen_ == Unsupported)
+        gmailAsk_.leave();
+    else
+        gmailAsk_.refresh();
 }
 
 }  // namespace brindlet::screens

@@ -20,10 +20,20 @@ Window {
     title: app.title
     color: Theme.ground
 
+    onActiveChanged: {
+        if (root.active)
+            root.app.lookAgain();
+    }
+
     Binding {
         target: Theme
         property: "dark"
         value: root.app.dark
+    }
+    Binding {
+        target: Theme
+        property: "still"
+        value: root.app.still
     }
     InputWatch {
         id: input
@@ -129,6 +139,9 @@ Window {
             break;
         case AppModel.Rules:
             stage.setSource("RulesScreen.qml", { "model": root.app.rules });
+            break;
+        case AppModel.Unsupported:
+            stage.setSource("UnsupportedScreen.qml", { "model": root.app.unsupported });
             break;
         }
     }

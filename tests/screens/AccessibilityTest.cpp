@@ -44,7 +44,8 @@ TEST(ScreenReader, EveryControlOfEveryScreenHasANameAndARole) {
                              +scenes::automaticAtFirst,
                              +scenes::rules,
                              +scenes::gmail,
-                             +scenes::askedAboutGmail}) {
+                             +scenes::askedAboutGmail,
+                             +scenes::unsupported}) {
         Stage stage(scene);
         const Reader reader(stage);
         int focusables = 0;

@@ -12,6 +12,7 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"welcome", [](AppState&) {}},
     {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
+    {"unsupported", scenes::unsupported},
     {"chosen mailbox", scenes::chosenMailbox},
     {"gmail", scenes::gmail},
     {"no accounts", scenes::noAccounts},

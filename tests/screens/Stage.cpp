@@ -197,6 +197,13 @@ void permission(AppState& state) {
     state.navigate(AppState::Screen::permission);
 }
 
+void unsupported(AppState& state) {
+    dynamic_cast<doubles::ScriptedModel&>(state.services().model).available =
+        ModelAvailability::notReady;
+    // Nobody tells when the model comes or goes.
+    state.stage.set("");
+}
+
 void mailboxes(AppState& state) {
     state.accounts.set(
         {account("ada@example.org",

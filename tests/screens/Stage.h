@@ -64,6 +64,8 @@ namespace scenes {
 /// The first screen with a move of 1,834 that stopped after 412, in an account that is known.
 void interrupted(AppState& state);
 void permission(AppState& state);
+/// The language model is still on its way to this machine.
+void unsupported(AppState& state);
 /// Two accounts with folders of all kinds; nothing selected.
 void mailboxes(AppState& state);
 /// The same with the inbox selected and one folder gone.

@@ -15,6 +15,7 @@ const std::vector<Scene> allScenes{
     {"welcome", [](AppState&) {}},
     {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
+    {"unsupported", scenes::unsupported},
     {"mailboxes", scenes::mailboxes},
     {"chosen mailbox", scenes::chosenMailbox},
     {"gmail", scenes::gmail},

@@ -21,6 +21,7 @@
 #include "words/RulesWords.h"
 #include "words/ScanningWords.h"
 #include "words/UndoWords.h"
+#include "words/UnsupportedWords.h"
 #include "words/WelcomeWords.h"
 
 namespace brindlet {
@@ -62,6 +63,13 @@ TEST(StaticWords, Permission) {
     EXPECT_EQ(words.steps, steps);
     EXPECT_EQ(words.openSettings, "Open Settings");
     EXPECT_EQ(words.check, "Check");
+}
+
+TEST(StaticWords, Unsupported) {
+    const UnsupportedWords words;
+    EXPECT_EQ(words.symbol, "exclamationmark.triangle");
+    EXPECT_EQ(words.title, "Not available");
+    EXPECT_EQ(words.openSettings, "Open Settings");
 }
 
 TEST(StaticWords, Pick) {

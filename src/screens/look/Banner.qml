@@ -16,7 +16,7 @@ Rectangle {
 
     implicitHeight: Math.max(48, words.implicitHeight + 2 * Theme.space3)
     radius: Theme.cardRadius
-    color: Theme.wash(root.tint, Theme.dark ? 0.12 : 0.16)
+    color: Theme.wash(root.tint, Theme.barStrength)
     border.width: 1
     border.color: Theme.wash(root.tint, 0.3)
 
@@ -58,7 +58,7 @@ Rectangle {
                 text: root.trouble
                 size: Theme.rowSize
                 color: Theme.orangeInk
-                wrapMode: Text.WordWrap
+                wrapMode: Text.Wrap
             }
         }
         Row {

@@ -1,5 +1,7 @@
 #include "screens/AppModel.h"
 
+#include <utility>
+
 #include "screens/QtText.h"
 #include "session/AppState.h"
 #include "words/WelcomeWords.h"
@@ -63,17 +65,30 @@ void AppModel::setStill(bool still) {
     Q_EMIT stillChanged();
 }
 
+void AppModel::setShown(bool shown) {
+    if (shown == shown_) return;
+    shown_ = shown;
+    if (!shown) leave();
+    refresh();
+}
+
+void AppModel::leave() {
+    if (screen_ == Welcome) welcome_.leave();
+    if (screen_ == Pick) pick_.leave();
+    if (screen_ == Results) results_.leave();
+    if (screen_ == Automatic) automatic_.leave();
+    if (screen_ == History) history_.leave();
+    if (screen_ == Rules) rules_.leave();
+    left_ = true;
+}
+
 void AppModel::refresh() {
+    if (!shown_) return;
     unsupported_.refresh();
     const auto next = unsupported_.shown() ? Unsupported : screenFor(*state_.screen);
-    const bool appears = next != screen_;
     // First, because what leaving changes is to be seen on the next screen.
-    if (appears && screen_ == Welcome) welcome_.leave();
-    if (appears && screen_ == Pick) pick_.leave();
-    if (appears && screen_ == Results) results_.leave();
-    if (appears && screen_ == Automatic) automatic_.leave();
-    if (appears && screen_ == History) history_.leave();
-    if (appears && screen_ == Rules) rules_.leave();
+    if (next != screen_ && !left_) leave();
+    const bool appears = std::exchange(left_, false);
     switch (next) {
         case Welcome:
             welcome_.refresh();

@@ -20,7 +20,8 @@ namespace brindlet::screens {
 /// What the window is made of: which screen stands, and one view-model a screen. Refreshed once a
 /// turn of the event loop in which the session changed, and then only the screen on show, which is
 /// told last: a new screen is born with finished words. Without a language model there is but one
-/// screen, whatever the session's. Main thread; the session outlives it.
+/// screen, whatever the session's; without a window there is none on show. Main thread; the session
+/// outlives it.
 class AppModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -64,6 +65,9 @@ class AppModel : public QObject {
     bool still() const { return still_; }
     void setStill(bool still);
     Screen screen() const { return screen_; }
+    /// The window comes, to the session's present screen, or goes, and with it what ends with a
+    /// look at the screen on show. It is there from the beginning.
+    void setShown(bool shown);
     WelcomeModel* welcome() { return &welcome_; }
     PermissionModel* permission() { return &permission_; }
     PickModel* pick() { return &pick_; }
@@ -84,9 +88,13 @@ class AppModel : public QObject {
     void screenChanged();
 
   private:
+    void leave();
     void refresh();
 
     AppState& state_;
+    bool shown_ = true;
+    /// The screen went with the window, so it comes anew with the next.
+    bool left_ = false;
     bool dark_ = true;
     bool still_ = false;
     Screen screen_ = Welcome;

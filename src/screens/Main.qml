@@ -7,9 +7,10 @@ Window {
     id: root
 
     required property AppModel app
+    required property CommandsModel commands
     // False while anything moves: one screen comes in after another, or something within one.
     readonly property bool settled: stage.status === Loader.Ready && !entrance.running
-                                    && sheet.still && tip.settled
+                                    && sheet.still && about.settled && tip.settled
                                     && (stage.item as ResultsScreen)?.settled !== false
 
     width: 1080
@@ -68,6 +69,8 @@ Window {
         width: parent.width
         height: parent.height
         focus: true
+        // Where no row has a menu of its own.
+        Keys.onMenuPressed: commandButton.open()
         onLoaded: {
             stage.forceActiveFocus();
             if (!first)
@@ -95,6 +98,27 @@ Window {
                 easing.type: Easing.OutCubic
             }
         }
+    }
+    CommandButton {
+        id: commandButton
+
+        anchors.top: parent.top
+        anchors.right: parent.right
+        anchors.topMargin: Theme.space2
+        anchors.rightMargin: 9
+        model: root.commands
+        home: stage
+        onAboutAsked: about.wanted = true
+    }
+    Shortcut {
+        sequence: "F10"
+        onActivated: commandButton.open()
+    }
+    AboutSheet {
+        id: about
+
+        model: root.commands
+        home: stage
     }
     GmailAskSheet {
         id: sheet

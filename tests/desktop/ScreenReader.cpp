@@ -224,12 +224,25 @@ void ScreenReader::press(const Thing& thing) const {
 }
 
 void ScreenReader::strike(int key) const {
-    if (testing::Test::HasFailure()) return;
     constexpr uint bySymbol = 3;
+    generate(key, bySymbol);
+}
+
+void ScreenReader::strikeWithControl(int key) const {
+    constexpr uint lock = 5;
+    constexpr uint unlock = 6;
+    constexpr int control = 4;
+    generate(control, lock);
+    strike(key);
+    generate(control, unlock);
+}
+
+void ScreenReader::generate(int number, uint kind) const {
+    if (testing::Test::HasFailure()) return;
     const auto answer = bus_.call(
         question(registry, QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller"),
                  QStringLiteral("org.a11y.atspi.DeviceEventController"),
-                 QStringLiteral("GenerateKeyboardEvent"), {key, QString(), bySymbol}));
+                 QStringLiteral("GenerateKeyboardEvent"), {number, QString(), kind}));
     EXPECT_EQ(answer.errorMessage().toStdString(), "");
 }
 

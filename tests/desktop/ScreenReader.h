@@ -65,12 +65,15 @@ class ScreenReader {
     void press(const QString& role, const QString& name) const;
     /// Strikes a key, by its number among the X key symbols.
     void strike(int key) const;
+    /// The same while Control is held.
+    void strikeWithControl(int key) const;
 
     /// What is asked about one thing, on its way.
     using Questions = std::array<QDBusPendingCall, 6>;
 
   private:
     Questions ask(const QString& path) const;
+    void generate(int number, uint kind) const;
 
     QDBusConnection bus_;
     QString application_;

@@ -29,9 +29,8 @@ const QSet<QString> still{role::application, role::frame,       role::heading,
 
 Visit::Visit(int messages)
     : messages_(messages),
-      program_(
-          QStringLiteral(BRINDLET_DEMO), {QStringLiteral("--messages"), QString::number(messages)},
-          forWindows(desktop_.environment()), desktop_.folder() + QStringLiteral("/program.log")),
+      program_(QStringLiteral(BRINDLET_DEMO), arguments(), forWindows(desktop_.environment()),
+               desktop_.folder() + QStringLiteral("/program.log")),
       reader_(desktop_.accessibility(), program_.pid()) {
     EXPECT_EQ(desktop_.problem().toStdString(), "");
 }
@@ -40,6 +39,17 @@ Visit::~Visit() {
     if (testing::Test::HasFailure())
         std::cerr << (program_.runs() ? "The program runs.\n" : "The program has ended.\n")
                   << program_.errors().toStdString();
+}
+
+QStringList Visit::arguments() const {
+    return {QStringLiteral("--messages"), QString::number(messages_), QStringLiteral("--keep"),
+            desktop_.folder() + QStringLiteral("/demo")};
+}
+
+std::unique_ptr<Child> Visit::startAgain() const {
+    return std::make_unique<Child>(QStringLiteral(BRINDLET_DEMO), arguments(),
+                                   forWindows(desktop_.environment()),
+                                   desktop_.folder() + QStringLiteral("/again.log"));
 }
 
 void Visit::start() const {

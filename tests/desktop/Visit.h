@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <memory>
 
 #include "desktop/Child.h"
 #include "desktop/Desktop.h"
@@ -15,7 +17,12 @@ class Visit {
     explicit Visit(int messages = 400);
     ~Visit();
 
+    const Desktop& desktop() const { return desktop_; }
+    Child& program() { return program_; }
     const ScreenReader& reader() const { return reader_; }
+
+    /// Starts the program once more, over the same mail and store.
+    std::unique_ptr<Child> startAgain() const;
 
     /// From the welcome to the mailboxes.
     void start() const;
@@ -28,6 +35,8 @@ class Visit {
     void expectAllCanBePressed() const;
 
   private:
+    QStringList arguments() const;
+
     int messages_;
     Desktop desktop_;
     Child program_;

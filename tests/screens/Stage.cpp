@@ -29,7 +29,7 @@ QPoint middleOf(const QQuickItem* item) {
 Stage::Stage(const std::function<void(AppState&)>& prepare)
     : state(AppState::make(world.services(), 1)) {
     if (prepare) prepare(*state);
-    main = std::make_unique<MainWindow>(*state);
+    main = std::make_unique<MainWindow>(*state, updater);
     if (!main->show()) qFatal("the window cannot be made");
     if (!QTest::qWaitForWindowExposed(window())) qFatal("the window is not shown");
     window()->requestActivate();

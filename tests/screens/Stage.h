@@ -8,7 +8,9 @@
 
 #include "app/MainWindow.h"
 #include "doubles/Doubles.h"
+#include "doubles/RecordingUpdates.h"
 #include "session/AppState.h"
+#include "session/Updater.h"
 
 namespace brindlet::testing {
 
@@ -24,6 +26,8 @@ class Stage {
 
     doubles::World& world = doubles::World::lasting();
     std::shared_ptr<AppState> state;
+    doubles::RecordingUpdates updates;
+    Updater updater{updates};
     std::unique_ptr<MainWindow> main;
 
     QQuickWindow* window() const { return main->window(); }

@@ -102,12 +102,12 @@ void dropHidden(Thing& thing) {
 }  // namespace
 
 QString Thing::printed(int depth) const {
-    static const std::pair<State, const char*> words[] = {{checked, "checked"},
-                                                          {indeterminate, "indeterminate"},
-                                                          {selected, "selected"},
-                                                          {focused, "focused"},
-                                                          {enabled, "enabled"}};
+    static const std::pair<State, const char*> words[] = {
+        {checkable, "checkable"}, {checked, "checked"},   {indeterminate, "indeterminate"},
+        {selected, "selected"},   {editable, "editable"}, {modal, "modal"},
+        {focusable, "focusable"}, {focused, "focused"}};
     QStringList told;
+    if (!is(enabled)) told << QStringLiteral("disabled");
     for (const auto& [state, word] : words)
         if (is(state)) told << QString::fromLatin1(word);
     auto line = QStringLiteral("%1%2 \"%3\"").arg(QString(2 * depth, QLatin1Char(' ')), role, name);
@@ -223,13 +223,22 @@ void ScreenReader::press(const Thing& thing) const {
     EXPECT_TRUE(answer.arguments().value(0).toBool()) << thing.printed().toStdString();
 }
 
+void ScreenReader::movePointer(int x, int y) const {
+    if (testing::Test::HasFailure()) return;
+    tellController(QStringLiteral("GenerateMouseEvent"), {x, y, QStringLiteral("abs")});
+}
+
 void ScreenReader::strike(int key) const {
     if (testing::Test::HasFailure()) return;
     constexpr uint bySymbol = 3;
+    tellController(QStringLiteral("GenerateKeyboardEvent"), {key, QString(), bySymbol});
+}
+
+/// What the mouse and the keyboard are worked by.
+void ScreenReader::tellController(const QString& member, const QVariantList& arguments) const {
     const auto answer = bus_.call(
         question(registry, QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller"),
-                 QStringLiteral("org.a11y.atspi.DeviceEventController"),
-                 QStringLiteral("GenerateKeyboardEvent"), {key, QString(), bySymbol}));
+                 QStringLiteral("org.a11y.atspi.DeviceEventController"), member, arguments));
     EXPECT_EQ(answer.errorMessage().toStdString(), "");
 }
 

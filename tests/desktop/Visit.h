@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <utility>
 
 #include "desktop/Child.h"
 #include "desktop/Desktop.h"
@@ -12,7 +14,7 @@ namespace brindlet::desktop {
 /// printed when the test fails.
 class Visit {
   public:
-    explicit Visit(int messages = 400);
+    explicit Visit(int messages = 400, const QStringList& options = {});
     ~Visit();
 
     const ScreenReader& reader() const { return reader_; }
@@ -24,6 +26,10 @@ class Visit {
     /// From the mailboxes to the results of the whole inbox with the first category open; gives
     /// the button that opened it.
     Thing openAds() const;
+    /// A message's row tells its sender with the address.
+    static bool isMessage(const Thing& thing);
+    /// Two different ticked messages of one sender, of those on show.
+    std::pair<Thing, Thing> twoOfOneSender() const;
     /// Everything that can be worked on this screen has a name and can be pressed.
     void expectAllCanBePressed() const;
 

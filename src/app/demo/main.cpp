@@ -101,6 +101,7 @@ int main(int argc, char** argv) {
     std::string root = options.keep;
     if (root.empty()) root = passing.emplace().path().toStdString();
     DemoWorld world(root, options.modelServer, options.modelServerName);
+    world.power.setOnBattery(options.onBattery);
     const QGuiApplication application(argc, argv);
     const int code = runDemo(options, world);
     if (passing) passing->remove();

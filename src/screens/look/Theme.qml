@@ -22,17 +22,17 @@ QtObject {
     readonly property color shadow: dark ? "#80000000" : "#26301a60"
 
     readonly property color ink: dark ? "#f3f0fb" : "#1c1730"
-    readonly property color ink2: dark ? "#aaa3bf" : "#5f5877"
-    readonly property color ink3: dark ? "#8b84a1" : "#716a89"
+    readonly property color ink2: dark ? "#b3acc7" : "#5b5473"
+    readonly property color ink3: dark ? "#9c95b0" : "#686181"
 
     readonly property color lavender: "#c79eff"
     readonly property color blue: "#73ccff"
     readonly property color orange: "#ffa64d"
     readonly property color green: "#73d999"
-    readonly property color lavenderInk: dark ? lavender : "#6a3fc4"
-    readonly property color blueInk: dark ? blue : "#0b6aa6"
-    readonly property color orangeInk: dark ? orange : "#a1560a"
-    readonly property color greenInk: dark ? green : "#17764a"
+    readonly property color lavenderInk: dark ? lavender : "#673cc1"
+    readonly property color blueInk: dark ? blue : "#0a639b"
+    readonly property color orangeInk: dark ? orange : "#8c4906"
+    readonly property color greenInk: dark ? green : "#136d44"
     // Text on a full tint, in both looks.
     readonly property color onTint: "#191327"
     // How much of a tint washes a pill, a bar or a chosen row.

@@ -280,6 +280,11 @@ void correctedResults(AppState& state) {
     state.toggleMessage(2);
 }
 
+void sweptResults(AppState& state) {
+    openResults(state);
+    state.setCategoryTicked(Category::billOrPayment, true);
+}
+
 void movedResults(AppState& state) {
     results(state);
     std::vector<Verdict> list;
@@ -295,6 +300,21 @@ void movedResults(AppState& state) {
     state.movedAlready.set(std::move(moved));
     state.pastMove.set(AppState::PastMove{"INBOX", "Brindlet Junk"});
     state.putBack.set({2});
+}
+
+void allDone(AppState& state) {
+    results(state);
+    std::vector<Verdict> list;
+    std::unordered_set<std::string> moved;
+    for (const auto& verdict : *state.verdicts) {
+        if (!verdict.isJunk || !verdict.messageID) continue;
+        moved.insert(*verdict.messageID);
+        list.push_back(verdict);
+    }
+    state.verdicts.set(VerdictList(std::move(list)));
+    state.approved.set({});
+    state.movedAlready.set(std::move(moved));
+    state.pastMove.set(AppState::PastMove{"INBOX", "Brindlet Junk"});
 }
 
 void movable(AppState& state) {

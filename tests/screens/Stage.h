@@ -86,8 +86,12 @@ void results(AppState& state);
 void openResults(AppState& state);
 /// The same after one sweep and one correction: an undo and an offer stand.
 void correctedResults(AppState& state);
+/// The open results after one sweep alone.
+void sweptResults(AppState& state);
 /// Ads and newsletters, of which the newsletters were moved; of these one is to be put back.
 void movedResults(AppState& state);
+/// The end of a move that took everything.
+void allDone(AppState& state);
 /// The results of `results` in an account with junk folders of its own.
 void movable(AppState& state);
 /// The same with a move halfway.

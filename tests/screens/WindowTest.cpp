@@ -3,8 +3,10 @@
 #include <QTest>
 #include <utility>
 
+#include "app/demo/PictureCheck.h"
 #include "base/Files.h"
 #include "platform/Directories.h"
+#include "screens/Golden.h"
 #include "screens/Stage.h"
 
 namespace brindlet::testing {
@@ -76,6 +78,16 @@ TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
         if (!scrolls) {
             EXPECT_TRUE(frame.contains(place)) << item->objectName().toStdString();
         }
+    }
+}
+
+TEST_P(EveryScreen, IsLegibleWholeAndFreeOfOverlapsInBothLooks) {
+    for (const bool dark : {true, false}) {
+        Stage stage(GetParam().second);
+        stage.model().setDark(dark);
+        const auto faults = demo::pictureFaults(*stage.window(), pictureOf(stage));
+        EXPECT_TRUE(faults.isEmpty())
+            << (dark ? "dark: " : "light: ") << faults.join(u'\n').toStdString();
     }
 }
 

@@ -101,6 +101,7 @@ int main(int argc, char** argv) {
     std::string root = options.keep;
     if (root.empty()) root = passing.emplace().path().toStdString();
     DemoWorld world(root, options.modelServer, options.modelServerName);
+    world.power.setOnBattery(options.onBattery);
     brindlet::SingleInstance instance(world.directories);
     if (const auto code = brindlet::giveWay(instance)) return *code;
     const QApplication application(argc, argv);

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/ColourScheme.h"
+#include "app/Appearance.h"
 #include "app/QtMainQueue.h"
 #include "app/Shell.h"
 #include "app/SingleInstance.h"
@@ -48,12 +48,10 @@ std::optional<int> giveWay(SingleInstance& instance) {
 
 void runApplication(const ApplicationParts& parts, const std::function<void()>& firstFrame) {
     prepareToolkit();
-    const ColourScheme scheme;
+    const Appearance appearance;
     Shell shell(parts.state, parts.updates, parts.instance);
     auto& main = shell.main();
-    const auto follow = [&] { main.model().setDark(scheme.dark()); };
-    QObject::connect(&scheme, &ColourScheme::changed, &main.model(), follow);
-    follow();
+    main.follow(appearance);
     if (!shell.start(parts.watch)) std::_Exit(EXIT_FAILURE);
     if (firstFrame)
         QObject::connect(main.window(), &QQuickWindow::frameSwapped, &main.model(), firstFrame,

@@ -7,6 +7,7 @@
 #include <QtQml/QQmlExtensionPlugin>
 #include <utility>
 
+#include "app/Appearance.h"
 #include "screens/look/PaintProvider.h"
 #include "screens/look/SymbolProvider.h"
 
@@ -27,6 +28,15 @@ MainWindow::MainWindow(AppState& state, Updater& updater) : model_(state), comma
 
 MainWindow::~MainWindow() {
     delete window_;
+}
+
+void MainWindow::follow(const Appearance& appearance) {
+    const auto adopt = [this, &appearance] {
+        model_.setDark(appearance.dark());
+        model_.setStill(appearance.still());
+    };
+    QObject::connect(&appearance, &Appearance::changed, &model_, adopt);
+    adopt();
 }
 
 bool MainWindow::show() {

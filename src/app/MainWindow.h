@@ -13,6 +13,7 @@ class QQuickWindow;
 namespace brindlet {
 
 class AppState;
+class Appearance;
 class Updater;
 
 /// The window over one session. Closing it ends all that was built for it; the next one comes at
@@ -27,6 +28,9 @@ class MainWindow : public QObject {
 
     /// Shows the window, in front of others; false when it cannot be made.
     bool show();
+
+    /// Looks as the desktop wishes, from now on; `appearance` outlives the window.
+    void follow(const Appearance& appearance);
 
     screens::AppModel& model() { return model_; }
     screens::CommandsModel& commands() { return commands_; }

@@ -19,13 +19,16 @@ AppModel::Screen screenFor(AppState::Screen screen) {
             return AppModel::Scanning;
         case AppState::Screen::results:
             return AppModel::Results;
+        case AppState::Screen::automatic:
+            return AppModel::Automatic;
         case AppState::Screen::history:
             return AppModel::History;
         case AppState::Screen::rules:
             return AppModel::Rules;
-        default:  // nothing leads to the others
-            return AppModel::Welcome;
+        case AppState::Screen::welcome:
+            break;
     }
+    return AppModel::Welcome;
 }
 
 }  // namespace
@@ -37,8 +40,10 @@ AppModel::AppModel(AppState& state)
       pick_(state),
       scanning_(state),
       results_(state),
+      automatic_(state),
       history_(state),
       rules_(state),
+      unsupported_(state),
       gmailAsk_(state),
       coalescer_(state, [this] { refresh(); }) {
     refresh();
@@ -54,6 +59,12 @@ void AppModel::setDark(bool dark) {
     Q_EMIT darkChanged();
 }
 
+void AppModel::setStill(bool still) {
+    if (still == still_) return;
+    still_ = still;
+    Q_EMIT stillChanged();
+}
+
 void AppModel::setShown(bool shown) {
     if (shown == shown_) return;
     shown_ = shown;
@@ -65,6 +76,7 @@ void AppModel::leave() {
     if (screen_ == Welcome) welcome_.leave();
     if (screen_ == Pick) pick_.leave();
     if (screen_ == Results) results_.leave();
+    if (screen_ == Automatic) automatic_.leave();
     if (screen_ == History) history_.leave();
     if (screen_ == Rules) rules_.leave();
     left_ = true;
@@ -72,7 +84,8 @@ void AppModel::leave() {
 
 void AppModel::refresh() {
     if (!shown_) return;
-    const auto next = screenFor(*state_.screen);
+    unsupported_.refresh();
+    const auto next = unsupported_.shown() ? Unsupported : screenFor(*state_.screen);
     // First, because what leaving changes is to be seen on the next screen.
     if (next != screen_ && !left_) leave();
     const bool appears = std::exchange(left_, false);
@@ -81,6 +94,7 @@ void AppModel::refresh() {
             welcome_.refresh();
             break;
         case Permission:
+        case Unsupported:
             break;
         case Pick:
             if (appears) pick_.appear();
@@ -91,6 +105,10 @@ void AppModel::refresh() {
             break;
         case Results:
             results_.refresh();
+            break;
+        case Automatic:
+            if (appears) automatic_.appear();
+            automatic_.refresh();
             break;
         case History:
             history_.refresh();
@@ -104,7 +122,10 @@ void AppModel::refresh() {
         Q_EMIT screenChanged();
     }
     // After the screen that it stands over.
-    gmailAsk_.refresh();
+    if (screen_ == Unsupported)
+        gmailAsk_.leave();
+    else
+        gmailAsk_.refresh();
 }
 
 }  // namespace brindlet::screens

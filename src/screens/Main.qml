@@ -21,10 +21,20 @@ Window {
     title: app.title
     color: Theme.ground
 
+    onActiveChanged: {
+        if (root.active)
+            root.app.lookAgain();
+    }
+
     Binding {
         target: Theme
         property: "dark"
         value: root.app.dark
+    }
+    Binding {
+        target: Theme
+        property: "still"
+        value: root.app.still
     }
     InputWatch {
         id: input
@@ -138,11 +148,17 @@ Window {
         case AppModel.Results:
             stage.setSource("ResultsScreen.qml", { "model": root.app.results });
             break;
+        case AppModel.Automatic:
+            stage.setSource("AutomaticScreen.qml", { "model": root.app.automatic });
+            break;
         case AppModel.History:
             stage.setSource("HistoryScreen.qml", { "model": root.app.history });
             break;
         case AppModel.Rules:
             stage.setSource("RulesScreen.qml", { "model": root.app.rules });
+            break;
+        case AppModel.Unsupported:
+            stage.setSource("UnsupportedScreen.qml", { "model": root.app.unsupported });
             break;
         }
     }

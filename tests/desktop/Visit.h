@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <utility>
 
 #include "desktop/Child.h"
 #include "desktop/Desktop.h"
@@ -14,7 +15,7 @@ namespace brindlet::desktop {
 /// printed when the test fails.
 class Visit {
   public:
-    explicit Visit(int messages = 400);
+    explicit Visit(int messages = 400, const QStringList& options = {});
     ~Visit();
 
     const Desktop& desktop() const { return desktop_; }
@@ -31,6 +32,10 @@ class Visit {
     /// From the mailboxes to the results of the whole inbox with the first category open; gives
     /// the button that opened it.
     Thing openAds() const;
+    /// A message's row tells its sender with the address.
+    static bool isMessage(const Thing& thing);
+    /// Two different ticked messages of one sender, of those on show.
+    std::pair<Thing, Thing> twoOfOneSender() const;
     /// Everything that can be worked on this screen has a name and can be pressed.
     void expectAllCanBePressed() const;
 

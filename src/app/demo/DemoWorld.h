@@ -41,6 +41,7 @@ class SayingDesktop : public Desktop {
     /// Of Google's page for app passwords it also says what would be made there.
     void openLink(const std::string& url) override;
     void openDiskAccessSettings() override;
+    void openSettings() override;
     /// Launches the simulated one.
     void openMail() override;
 
@@ -93,7 +94,7 @@ struct DemoWorld {
     LinuxDiagnostics diagnostics{processes, clock};
     sample::SimulatedApps runningApps;
     MemoryKeyStore keys;
-    /// The stand-in that lies beside this program; no script ever reaches the person's own mail
+    /// The stand-in that came with this program; no script ever reaches the person's own mail
     /// program.
     std::string scriptHost;
 };

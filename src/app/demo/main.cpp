@@ -62,6 +62,8 @@ int runDemo(const Options& options, DemoWorld& world, SingleInstance& instance) 
     LocalGmail tls(gmail.server->port(), gmail.server->authority());
     tellAppPasswords(world.directories.home());
     prepareToolkit();
+    // The desktop knows the demo by an entry of its own.
+    QGuiApplication::setDesktopFileName(QStringLiteral("brindlet-demo"));
     QtMainQueue queue;
     const auto state =
         AppState::make({world.clock, world.directories, queue, world.defaults, world.model,
@@ -101,6 +103,7 @@ int main(int argc, char** argv) {
     std::string root = options.keep;
     if (root.empty()) root = passing.emplace().path().toStdString();
     DemoWorld world(root, options.modelServer, options.modelServerName);
+    world.power.setOnBattery(options.onBattery);
     brindlet::SingleInstance instance(world.directories);
     if (const auto code = brindlet::giveWay(instance)) return *code;
     const QApplication application(argc, argv);

@@ -68,7 +68,10 @@ void AppModel::setStill(bool still) {
 void AppModel::setShown(bool shown) {
     if (shown == shown_) return;
     shown_ = shown;
-    if (!shown) leave();
+    if (!shown) {
+        leave();
+        gmailAsk_.leave();
+    }
     refresh();
 }
 

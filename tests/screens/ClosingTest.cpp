@@ -100,12 +100,19 @@ TEST(Closing, AScreenThatLooksAtItsComingDoesSoAgain) {
     EXPECT_TRUE(*stage.state->refreshingFolders);
 }
 
-TEST(Closing, AQuestionThatWasOpenStandsAgain) {
+TEST(Closing, AQuestionThatWasOpenStandsAgainWithoutWhatWasTyped) {
     Stage stage(scenes::askedAboutGmail);
+    auto& question = *stage.model().gmailAsk();
+    question.press();
+    question.type(QStringLiteral("abcd efgh ijkl mnop"));
+    EXPECT_TRUE(question.canPress());
     close(stage);
     EXPECT_TRUE(stage.state->askingGmail->has_value());
     reopen(stage);
     EXPECT_NE(stage.find("gmailAsk"), nullptr);
+    EXPECT_FALSE(question.connecting());
+    question.press();
+    EXPECT_FALSE(question.canPress());
     EXPECT_EQ(stage.main->warnings(), QStringList());
 }
 

@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,6 +39,7 @@
 #include "platform/linux/XdgDirectories.h"
 #include "platform/posix/PosixProcessRunner.h"
 #include "session/AppState.h"
+#include "stores/SeenAhead.h"
 
 namespace brindlet::bench {
 namespace {
@@ -63,6 +65,7 @@ constexpr int strayWakeUps = 5;
     XdgDirectories directories;
     SingleInstance instance(directories);
     if (giveWay(instance)) std::_Exit(EXIT_FAILURE);
+    SeenAhead seenAhead(directories);
     SystemLocale locale;
     LinuxPower power;
     XdgDesktop desktop;
@@ -75,7 +78,8 @@ constexpr int strayWakeUps = 5;
     const QApplication application(argc, argv);
     QtMainQueue queue;
     const auto state = AppState::make({clock, directories, queue, defaults, model, power, desktop,
-                                       locale, processes, runningApps, keys, tls, ""});
+                                       locale, processes, runningApps, keys, tls, ""},
+                                      8, &seenAhead);
     LinuxDiagnostics diagnostics(processes, clock);
     NoUpdates updates;
     runApplication({*state, queue, updates, instance, {clock, directories, diagnostics}},
@@ -119,10 +123,13 @@ void fillStore(const std::string& folder) {
     // Saves all of them.
     state->rules.add("news@last.example", std::nullopt, Rule::Verdict::junk, Rule::Scope::always,
                      "Sale", {});
+    std::mt19937 random(1);
     std::vector<std::string> ids;
-    for (int i = 0; i < seen; ++i)
-        ids.push_back("0123456789abcdef0123456789abcdef-" + std::to_string(i) +
-                      "@mail.example.com");
+    for (int i = 0; i < seen; ++i) {
+        std::string id;
+        for (int k = 0; k < 36; ++k) id += static_cast<char>('A' + random() % 26);
+        ids.push_back(id + "@mail.example.com");
+    }
     state->seen.mark(ids, true, "ada@example.org", "INBOX");
 }
 

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QPixmap>
+#include <algorithm>
 
 #include "screens/look/SymbolProvider.h"
 
@@ -13,9 +14,12 @@ QColor trayColour() {
 
 QIcon trayIcon(const QString& symbol) {
     QIcon icon;
-    for (const int size : {16, 22, 24, 32, 44, 48, 64})
-        icon.addPixmap(
-            QPixmap::fromImage(screens::SymbolProvider::render(symbol, trayColour(), size)));
+    for (const int size : {16, 22, 24, 32, 44, 48, 64}) {
+        // Thinner lines than a pixel and a half only shimmer.
+        const double weight = std::max(screens::SymbolProvider::usualWeight, 1.5 * 24 / size);
+        icon.addPixmap(QPixmap::fromImage(
+            screens::SymbolProvider::render(symbol, trayColour(), size, weight)));
+    }
     return icon;
 }
 

@@ -18,6 +18,7 @@
 #include "platform/linux/XdgDirectories.h"
 #include "platform/posix/PosixProcessRunner.h"
 #include "session/AppState.h"
+#include "stores/SeenAhead.h"
 
 int main(int argc, char** argv) {
     using namespace brindlet;
@@ -27,6 +28,7 @@ int main(int argc, char** argv) {
     XdgDirectories directories;
     SingleInstance instance(directories);
     if (const auto code = giveWay(instance)) return *code;
+    SeenAhead seenAhead(directories);
     SystemLocale locale;
     LinuxPower power;
     XdgDesktop desktop;
@@ -41,7 +43,8 @@ int main(int argc, char** argv) {
     QtMainQueue queue;
     const auto state =
         AppState::make({clock, directories, queue, defaults, *chosen.model, power, desktop, locale,
-                        processes, runningApps, keys, tls, "/usr/bin/osascript"});
+                        processes, runningApps, keys, tls, "/usr/bin/osascript"},
+                       8, &seenAhead);
     LinuxDiagnostics diagnostics(processes, clock);
     NoUpdates updates;
     runApplication({*state, queue, updates, instance, {clock, directories, diagnostics}});

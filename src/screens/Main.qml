@@ -10,7 +10,7 @@ Window {
     required property CommandsModel commands
     // False while anything moves: one screen comes in after another, or something within one.
     readonly property bool settled: stage.status === Loader.Ready && !entrance.running
-                                    && sheet.still && about.settled && tip.settled
+                                    && sheet.still && commandButton.settled && tip.settled
                                     && (stage.item as ResultsScreen)?.settled !== false
 
     width: 1080
@@ -70,7 +70,7 @@ Window {
         height: parent.height
         focus: true
         // Where no row has a menu of its own.
-        Keys.onMenuPressed: commandButton.open()
+        Keys.onMenuPressed: commandButton.openFirst()
         onLoaded: {
             stage.forceActiveFocus();
             if (!first)
@@ -108,17 +108,10 @@ Window {
         anchors.rightMargin: 9
         model: root.commands
         home: stage
-        onAboutAsked: about.wanted = true
     }
     Shortcut {
         sequence: "F10"
-        onActivated: commandButton.open()
-    }
-    AboutSheet {
-        id: about
-
-        model: root.commands
-        home: stage
+        onActivated: commandButton.openFirst()
     }
     GmailAskSheet {
         id: sheet

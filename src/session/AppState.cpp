@@ -20,14 +20,14 @@ Reach storedReach(const UserDefaults& defaults) {
 
 }  // namespace
 
-std::shared_ptr<AppState> AppState::make(Services services, int readers) {
-    std::shared_ptr<AppState> state(new AppState(services, readers));
+std::shared_ptr<AppState> AppState::make(Services services, int readers, SeenAhead* ahead) {
+    std::shared_ptr<AppState> state(new AppState(services, readers, ahead));
     state->observeStores();
     return state;
 }
 
 // The members load the stores in the order of their declaration, which is the order they need.
-AppState::AppState(Services services, int readers)
+AppState::AppState(Services services, int readers, SeenAhead* ahead)
     : limit(*this, services.defaults.integer(limitKey).value_or(defaultLimit)),
       reach(*this, storedReach(services.defaults)),
       scheduleOwner_(std::make_shared<Schedule>(services)),
@@ -36,7 +36,7 @@ AppState::AppState(Services services, int readers)
       interruptedOwner_(std::make_shared<Interrupted>(services)),
       rulesOwner_(std::make_shared<Rules>(services)),
       historyOwner_(std::make_shared<History>(services)),
-      seenOwner_(std::make_shared<Seen>(services)),
+      seenOwner_(std::make_shared<Seen>(services, ahead)),
       schedule(*scheduleOwner_),
       destinations(*destinationsOwner_),
       calibration(*calibrationOwner_),

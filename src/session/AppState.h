@@ -41,6 +41,7 @@
 namespace brindlet {
 
 struct KinAnswers;
+class SeenAhead;
 
 /// The one session object. Screens read its fields and call its operations; it owns the stores and
 /// starts all work that takes time. Main thread only; background work gets copies and comes back
@@ -73,8 +74,10 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
         friend bool operator==(const PastMove&, const PastMove&) = default;
     };
 
-    /// Loads the stores before it returns. The adapters outlive the session and its tasks.
-    static std::shared_ptr<AppState> make(Services services, int readers = 8);
+    /// Loads the stores before it returns, but for what was read ahead. The adapters outlive the
+    /// session and its tasks.
+    static std::shared_ptr<AppState> make(Services services, int readers = 8,
+                                          SeenAhead* ahead = nullptr);
 
     Published<Screen> screen{*this, Screen::welcome};
     Published<std::vector<MailAccount>> accounts{*this};
@@ -286,7 +289,7 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
     class Port;
     class AutomaticRun;
 
-    AppState(Services services, int readers);
+    AppState(Services services, int readers, SeenAhead* ahead);
     void observeStores();
     void adoptAccounts(std::vector<MailAccount> loaded, std::set<std::string> connected);
     void matchPendingLabel();

@@ -8,6 +8,7 @@
 #include "platform/Clock.h"
 #include "platform/UserDefaults.h"
 #include "stores/History.h"
+#include "stores/SeenAhead.h"
 #include "stores/SeenFile.h"
 #include "stores/SeenTable.h"
 #include "stores/StoreFile.h"
@@ -50,12 +51,15 @@ std::size_t Seen::Keys::junkSize() const {
     return shared_->table->junkSize();
 }
 
-Seen::Seen(Services services)
+Seen::Seen(Services services, SeenAhead* ahead)
     : services_(services),
       path_(storeFile(services, "seen.json")),
       skipSeen_(*this, services.defaults.boolean(skipSeenKey).value_or(true)) {
     std::shared_ptr<SeenTable> table;
-    if (auto text = files::read(path_)) table = decodedSeen(*std::move(text));
+    if (ahead)
+        table = ahead->take();
+    else if (auto text = files::read(path_))
+        table = decodedSeen(*std::move(text));
     shared_ = std::make_shared<Shared>(table ? table : std::make_shared<SeenTable>());
 }
 

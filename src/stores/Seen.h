@@ -15,6 +15,7 @@
 namespace brindlet {
 
 class History;
+class SeenAhead;
 class SeenTable;
 
 /// Every message that was ever decided, by Message-ID, in "seen.json"; so that the next scan can
@@ -35,8 +36,9 @@ class Seen : public Observable {
     };
     class Keys;
 
-    /// Loads the file; whatever is wrong with it leaves the list empty.
-    explicit Seen(Services services);
+    /// Loads the file, or takes what was read of it ahead; whatever is wrong with it leaves the
+    /// list empty.
+    explicit Seen(Services services, SeenAhead* ahead = nullptr);
     ~Seen();
 
     std::optional<Entry> find(std::string_view messageID) const;

@@ -7,10 +7,14 @@
 
 namespace brindlet {
 
-std::string storeFile(const Services& services, std::string_view name) {
-    std::string path = services.directories.store();
+std::string storeFile(const Directories& directories, std::string_view name) {
+    std::string path = directories.store();
     if (!path.empty()) path += '/';
     return path += name;
+}
+
+std::string storeFile(const Services& services, std::string_view name) {
+    return storeFile(services.directories, name);
 }
 
 void moveUnreadableAside(const std::string& path) {

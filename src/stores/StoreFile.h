@@ -9,8 +9,11 @@
 /// What the stores that live in files have in common.
 namespace brindlet {
 
+class Directories;
+
 /// The path of a store's file, the store directory being asked for now and so created. An empty
 /// directory gives a path relative to the working directory.
+std::string storeFile(const Directories& directories, std::string_view name);
 std::string storeFile(const Services& services, std::string_view name);
 
 /// Puts a file that cannot be decoded out of the way, to the same name with ".unreadable" behind

@@ -112,7 +112,8 @@ TEST(Closing, AQuestionThatWasOpenStandsAgain) {
 TEST(Closing, ByKeysWhateverStandsOverTheScreen) {
     Stage stage(scenes::askedAboutGmail);
     const QPointer<QQuickWindow> window = stage.window();
-    QTest::keyClick(window, Qt::Key_W, Qt::ControlModifier);
+    // The release goes nowhere any more.
+    QTest::keyPress(window, Qt::Key_W, Qt::ControlModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.isNull(); }));
 }
 

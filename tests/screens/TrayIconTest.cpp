@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QPixmap>
+#include <algorithm>
 #include <cmath>
 
 namespace brindlet {
@@ -18,8 +19,9 @@ double luminance(const QColor& colour) {
 }
 
 double contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
-    return (light + 0.05) / (dark + 0.05);
+    const double a = luminance(one) + 0.05;
+    const double b = luminance(other) + 0.05;
+    return std::max(a, b) / std::min(a, b);
 }
 
 TEST(TrayIcon, StandsOutOnDarkPanelsAndOnLightOnes) {

@@ -2,15 +2,17 @@ import QtQuick
 import Brindlet.Screens
 
 // Opens the menu of the commands, in the corner that the screens leave free at every size of the
-// window.
+// window. Menu and sheet are made when they are first wanted: the first picture does not wait.
 GhostButton {
     id: root
 
     required property CommandsModel model
     // Gets the keyboard when what had it has gone meanwhile.
     required property Item home
+    readonly property bool settled: about === null || about.settled
+    property CommandMenu menu: null
+    property AboutSheet about: null
     property Item before: null
-    signal aboutAsked
 
     objectName: "commands"
     implicitWidth: 28
@@ -18,27 +20,36 @@ GhostButton {
     help: model.menuName
     // A menu bar is no stop of Tab either: the keyboard comes by a key of its own.
     focusPolicy: Qt.NoFocus
-    onClicked: root.toggle()
+    onClicked: {
+        if (root.menu !== null && root.menu.visible)
+            root.menu.close();
+        else
+            root.open();
+    }
 
     // By keyboard, with the first command chosen.
+    function openFirst(): void {
+        root.open();
+        root.menu.currentIndex = 0;
+    }
+
     function open(): void {
-        root.toggle();
-        if (menu.visible)
-            menu.currentIndex = 0;
-    }
-
-    function toggle(): void {
-        if (menu.visible) {
-            menu.close();
-            return;
-        }
+        if (root.menu === null)
+            root.menu = menuComponent.createObject(root) as CommandMenu;
         root.before = root.Window.activeFocusItem;
-        root.showMenu();
+        root.menu.showAt(root, Qt.point(root.width - root.menu.width, root.height + 4));
     }
 
-    // By its base type, without which the lint falls over the call.
-    function showMenu(): void {
-        menu.popup(root, root.width - menu.width, root.height + 4);
+    function tellAbout(): void {
+        if (root.about === null)
+            root.about = aboutComponent.createObject(root) as AboutSheet;
+        root.about.wanted = true;
+    }
+
+    // The toolkit would leave the keyboard nowhere.
+    function giveBack(): void {
+        (root.before !== null && root.before.visible ? root.before : root.home)
+            .forceActiveFocus(Qt.PopupFocusReason);
     }
 
     contentItem: Item {
@@ -59,15 +70,23 @@ GhostButton {
         }
     }
 
-    CommandMenu {
-        id: menu
+    Component {
+        id: menuComponent
 
-        model: root.model
-        // After it has closed and given the keyboard back.
-        onAboutAsked: Qt.callLater(root.aboutAsked)
-        // The toolkit would leave the keyboard nowhere.
-        onClosed: (root.before !== null && root.before.visible ? root.before : root.home)
-                  .forceActiveFocus(Qt.PopupFocusReason)
+        CommandMenu {
+            model: root.model
+            // After it has closed and given the keyboard back.
+            onAboutAsked: Qt.callLater(root.tellAbout)
+            onClosed: root.giveBack()
+        }
+    }
+    Component {
+        id: aboutComponent
+
+        AboutSheet {
+            model: root.model
+            home: root.home
+        }
     }
 
     Accessible.role: Accessible.ButtonMenu

@@ -12,6 +12,12 @@ ContextMenu {
     objectName: "commandMenu"
     implicitWidth: 232
     title: root.model.menuName
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
+
+    // By its base type, without which the lint falls over the call.
+    function showAt(item: Item, place: point): void {
+        root.popup(item, place.x, place.y);
+    }
 
     CommandRow {
         objectName: "about"

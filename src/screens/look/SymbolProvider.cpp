@@ -20,7 +20,8 @@ void drawBlack(QPainter& painter, QString document, int pixels) {
 // The renderer knows neither masks nor clips, so a symbol's group "cut" is what is taken out of the
 // rest. Colouring comes last and once: then overlapping strokes of a translucent colour do not
 // show.
-QImage SymbolProvider::render(const QString& name, const QColor& colour, int pixels) {
+QImage SymbolProvider::render(const QString& name, const QColor& colour, int pixels,
+                              double weight) {
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QFile file(QStringLiteral(":/symbols/%1.svg").arg(name));
@@ -28,7 +29,9 @@ QImage SymbolProvider::render(const QString& name, const QColor& colour, int pix
         qWarning("There is no symbol \"%s\"", qPrintable(name));
         return image;
     }
-    const auto document = QString::fromUtf8(file.readAll());
+    const auto width = QStringLiteral("stroke-width=\"%1\"");
+    const auto document =
+        QString::fromUtf8(file.readAll()).replace(width.arg(usualWeight), width.arg(weight));
     static const QRegularExpression cutGroup(QStringLiteral("<g id=\"cut\".*?</g>"),
                                              QRegularExpression::DotMatchesEverythingOption);
     const auto cut = cutGroup.match(document);

@@ -12,7 +12,12 @@ class SymbolProvider : public QQuickImageProvider {
 
     QImage requestImage(const QString& id, QSize* size, const QSize& requested) override;
 
-    static QImage render(const QString& name, const QColor& colour, int pixels);
+    /// `weight` is the width of the lines in the symbols' own units, of which a picture is 24 wide
+    /// and high.
+    static QImage render(const QString& name, const QColor& colour, int pixels,
+                         double weight = usualWeight);
+
+    static constexpr double usualWeight = 1.7;
 };
 
 }  // namespace brindlet::screens

@@ -102,12 +102,12 @@ void dropHidden(Thing& thing) {
 }  // namespace
 
 QString Thing::printed(int depth) const {
-    static const std::pair<State, const char*> words[] = {{checked, "checked"},
-                                                          {indeterminate, "indeterminate"},
-                                                          {selected, "selected"},
-                                                          {focused, "focused"},
-                                                          {enabled, "enabled"}};
+    static const std::pair<State, const char*> words[] = {
+        {checkable, "checkable"}, {checked, "checked"},   {indeterminate, "indeterminate"},
+        {selected, "selected"},   {editable, "editable"}, {modal, "modal"},
+        {focusable, "focusable"}, {focused, "focused"}};
     QStringList told;
+    if (!is(enabled)) told << QStringLiteral("disabled");
     for (const auto& [state, word] : words)
         if (is(state)) told << QString::fromLatin1(word);
     auto line = QStringLiteral("%1%2 \"%3\"").arg(QString(2 * depth, QLatin1Char(' ')), role, name);
@@ -223,13 +223,35 @@ void ScreenReader::press(const Thing& thing) const {
     EXPECT_TRUE(answer.arguments().value(0).toBool()) << thing.printed().toStdString();
 }
 
-void ScreenReader::strike(int key) const {
+void ScreenReader::movePointer(int x, int y) const {
     if (testing::Test::HasFailure()) return;
+    tellController(QStringLiteral("GenerateMouseEvent"), {x, y, QStringLiteral("abs")});
+}
+
+void ScreenReader::strike(int key) const {
     constexpr uint bySymbol = 3;
+    strike(key, bySymbol);
+}
+
+void ScreenReader::strikeWithControl(int key) const {
+    constexpr uint lock = 5;
+    constexpr uint unlock = 6;
+    constexpr int control = 4;
+    strike(control, lock);
+    strike(key);
+    strike(control, unlock);
+}
+
+void ScreenReader::strike(int number, uint kind) const {
+    if (testing::Test::HasFailure()) return;
+    tellController(QStringLiteral("GenerateKeyboardEvent"), {number, QString(), kind});
+}
+
+/// What the mouse and the keyboard are worked by.
+void ScreenReader::tellController(const QString& member, const QVariantList& arguments) const {
     const auto answer = bus_.call(
         question(registry, QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller"),
-                 QStringLiteral("org.a11y.atspi.DeviceEventController"),
-                 QStringLiteral("GenerateKeyboardEvent"), {key, QString(), bySymbol}));
+                 QStringLiteral("org.a11y.atspi.DeviceEventController"), member, arguments));
     EXPECT_EQ(answer.errorMessage().toStdString(), "");
 }
 

@@ -15,12 +15,15 @@ struct Thing {
     /// The states that the tests look at, by their numbers on the bus.
     enum State : unsigned {
         checked = 4,
+        editable = 7,
         enabled = 8,
         focusable = 11,
         focused = 12,
+        modal = 16,
         selected = 23,
         showing = 25,
-        indeterminate = 32
+        indeterminate = 32,
+        checkable = 41
     };
 
     QString path;
@@ -63,14 +66,20 @@ class ScreenReader {
     void press(const Thing& thing) const;
     /// Waits for it, and presses it.
     void press(const QString& role, const QString& name) const;
+    /// Moves the pointer to a place of the display.
+    void movePointer(int x, int y) const;
     /// Strikes a key, by its number among the X key symbols.
     void strike(int key) const;
+    /// The same while Control is held.
+    void strikeWithControl(int key) const;
 
     /// What is asked about one thing, on its way.
     using Questions = std::array<QDBusPendingCall, 6>;
 
   private:
     Questions ask(const QString& path) const;
+    void strike(int number, uint kind) const;
+    void tellController(const QString& member, const QVariantList& arguments) const;
 
     QDBusConnection bus_;
     QString application_;

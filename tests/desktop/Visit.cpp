@@ -15,6 +15,7 @@ QProcessEnvironment forWindows(QProcessEnvironment environment) {
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
     environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("1"));
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     // Without a screen reader's wish on the session bus the toolkit would stay silent.
     environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
     return environment;
@@ -25,21 +26,39 @@ const QSet<QString> still{role::application, role::frame,       role::heading,
                           role::label,       role::progressBar, role::list,
                           role::dialog,      role::alert,       role::text};
 
+/// "Ann <ann@house.example>", of a message's row.
+QString senderOf(const Thing& message) {
+    return message.name.section(QStringLiteral(", "), -1);
+}
+
 }  // namespace
 
-Visit::Visit(int messages)
+Visit::Visit(int messages, const QStringList& options)
     : messages_(messages),
-      program_(
-          QStringLiteral(BRINDLET_DEMO), {QStringLiteral("--messages"), QString::number(messages)},
-          forWindows(desktop_.environment()), desktop_.folder() + QStringLiteral("/program.log")),
+      program_(QStringLiteral(BRINDLET_DEMO), arguments() + options,
+               forWindows(desktop_.environment()),
+               desktop_.folder() + QStringLiteral("/program.log")),
       reader_(desktop_.accessibility(), program_.pid()) {
     EXPECT_EQ(desktop_.problem().toStdString(), "");
+    // Where a display without a mouse has it, in the middle, something would always be hovered.
+    reader_.movePointer(1270, 890);
 }
 
 Visit::~Visit() {
     if (testing::Test::HasFailure())
         std::cerr << (program_.runs() ? "The program runs.\n" : "The program has ended.\n")
                   << program_.errors().toStdString();
+}
+
+QStringList Visit::arguments() const {
+    return {QStringLiteral("--messages"), QString::number(messages_), QStringLiteral("--keep"),
+            desktop_.folder() + QStringLiteral("/demo")};
+}
+
+std::unique_ptr<Child> Visit::startAgain() const {
+    return std::make_unique<Child>(QStringLiteral(BRINDLET_DEMO), arguments(),
+                                   forWindows(desktop_.environment()),
+                                   desktop_.folder() + QStringLiteral("/again.log"));
 }
 
 void Visit::start() const {
@@ -67,6 +86,24 @@ Thing Visit::openAds() const {
         return thing.description == QStringLiteral("JUNK, Expanded");
     });
     return ads;
+}
+
+bool Visit::isMessage(const Thing& thing) {
+    return thing.role == role::checkBox && thing.name.endsWith(u'>');
+}
+
+std::pair<Thing, Thing> Visit::twoOfOneSender() const {
+    const auto messages = reader_.await(role::list, QStringLiteral("Messages"));
+    const auto isTicked = [](const Thing& thing) {
+        return isMessage(thing) && thing.is(Thing::checked);
+    };
+    for (const auto& one : messages.children)
+        for (const auto& other : messages.children)
+            if (isTicked(one) && isTicked(other) && one.name != other.name &&
+                senderOf(one) == senderOf(other))
+                return {one, other};
+    ADD_FAILURE() << "no two of one sender\n" << messages.printed().toStdString();
+    return {};
 }
 
 void Visit::expectAllCanBePressed() const {

@@ -3,7 +3,6 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <optional>
-#include <utility>
 
 #include "desktop/Roles.h"
 #include "desktop/Visit.h"
@@ -23,27 +22,6 @@ bool isUnchecked(const Thing& thing) {
 
 ScreenReader::Condition tells(const QString& description) {
     return [=](const Thing& thing) { return thing.description == description; };
-}
-
-/// A message's row tells its sender with the address.
-bool isMessage(const Thing& thing) {
-    return thing.role == checkBox && thing.name.endsWith(u'>');
-}
-
-/// "Ann <ann@house.example>", of a message's row.
-QString senderOf(const Thing& message) {
-    return message.name.section(QStringLiteral(", "), -1);
-}
-
-/// Two different ticked messages of one sender.
-std::pair<Thing, Thing> twoOfOneSender(const Thing& messages) {
-    for (const auto& one : messages.children)
-        for (const auto& other : messages.children)
-            if (isMessage(one) && isMessage(other) && isChecked(one) && isChecked(other) &&
-                one.name != other.name && senderOf(one) == senderOf(other))
-                return {one, other};
-    ADD_FAILURE() << "no two of one sender\n" << messages.printed().toStdString();
-    return {};
 }
 
 /// A question and why it is asked, told at once and again by themselves, and three answers or more.
@@ -146,13 +124,13 @@ TEST(VisitByBus, ACategoryOpensGroupsAndTicksAsAWhole) {
     });
     visit.expectAllCanBePressed();
     const auto senders = reader.await(list, QStringLiteral("Messages"));
-    EXPECT_TRUE(std::ranges::none_of(senders.children, isMessage));
+    EXPECT_TRUE(std::ranges::none_of(senders.children, Visit::isMessage));
     reader.press(opener);
     reader.awaitAny(QStringLiteral("the sender, open"), [&](const Thing& thing) {
         return thing.role == button && thing.name == opener.name &&
                thing.description.endsWith(QStringLiteral("Expanded"));
     });
-    const auto first = reader.awaitAny(QStringLiteral("a message of the sender"), isMessage);
+    const auto first = reader.awaitAny(QStringLiteral("a message of the sender"), Visit::isMessage);
     const auto sender = [&](const Thing& thing) {
         return thing.role == checkBox && thing.name.startsWith(opener.name + u',');
     };
@@ -192,7 +170,7 @@ TEST(VisitByBus, ACorrectionIsOfferedForTheOthersAndTakenBack) {
     const auto& reader = visit.reader();
     visit.start();
     visit.openAds();
-    const auto [one, other] = twoOfOneSender(reader.await(list, QStringLiteral("Messages")));
+    const auto [one, other] = visit.twoOfOneSender();
 
     reader.press(one);
     reader.await(checkBox, one.name, [](const Thing& thing) {

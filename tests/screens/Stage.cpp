@@ -29,7 +29,7 @@ QPoint middleOf(const QQuickItem* item) {
 Stage::Stage(const std::function<void(AppState&)>& prepare)
     : state(AppState::make(world.services(), 1)) {
     if (prepare) prepare(*state);
-    main = std::make_unique<MainWindow>(*state);
+    main = std::make_unique<MainWindow>(*state, updater);
     if (!main->show()) qFatal("the window cannot be made");
     if (!QTest::qWaitForWindowExposed(window())) qFatal("the window is not shown");
     window()->requestActivate();
@@ -197,6 +197,13 @@ void permission(AppState& state) {
     state.navigate(AppState::Screen::permission);
 }
 
+void unsupported(AppState& state) {
+    dynamic_cast<doubles::ScriptedModel&>(state.services().model).available =
+        ModelAvailability::notReady;
+    // Nobody tells when the model comes or goes.
+    state.stage.set("");
+}
+
 void mailboxes(AppState& state) {
     state.accounts.set(
         {account("ada@example.org",
@@ -273,6 +280,11 @@ void correctedResults(AppState& state) {
     state.toggleMessage(2);
 }
 
+void sweptResults(AppState& state) {
+    openResults(state);
+    state.setCategoryTicked(Category::billOrPayment, true);
+}
+
 void movedResults(AppState& state) {
     results(state);
     std::vector<Verdict> list;
@@ -288,6 +300,21 @@ void movedResults(AppState& state) {
     state.movedAlready.set(std::move(moved));
     state.pastMove.set(AppState::PastMove{"INBOX", "Brindlet Junk"});
     state.putBack.set({2});
+}
+
+void allDone(AppState& state) {
+    results(state);
+    std::vector<Verdict> list;
+    std::unordered_set<std::string> moved;
+    for (const auto& verdict : *state.verdicts) {
+        if (!verdict.isJunk || !verdict.messageID) continue;
+        moved.insert(*verdict.messageID);
+        list.push_back(verdict);
+    }
+    state.verdicts.set(VerdictList(std::move(list)));
+    state.approved.set({});
+    state.movedAlready.set(std::move(moved));
+    state.pastMove.set(AppState::PastMove{"INBOX", "Brindlet Junk"});
 }
 
 void movable(AppState& state) {
@@ -346,6 +373,25 @@ void longHistory(AppState& state) {
 
 void emptyHistory(AppState& state) {
     state.navigate(AppState::Screen::history);
+}
+
+void automatic(AppState& state) {
+    mailboxes(state);
+    const auto& account = state.accounts->front().id;
+    for (const auto* name : {"INBOX", "Receipts", "Old/Lists"})
+        state.schedule.toggle(account, name);
+    state.schedule.setEnabled(true);
+    state.navigate(AppState::Screen::automatic);
+}
+
+void automaticOff(AppState& state) {
+    mailboxes(state);
+    state.navigate(AppState::Screen::automatic);
+}
+
+void automaticAtFirst(AppState& state) {
+    state.schedule.setEnabled(true);
+    state.navigate(AppState::Screen::automatic);
 }
 
 void noRules(AppState& state) {

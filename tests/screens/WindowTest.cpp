@@ -3,8 +3,10 @@
 #include <QTest>
 #include <utility>
 
+#include "app/demo/PictureCheck.h"
 #include "base/Files.h"
 #include "platform/Directories.h"
+#include "screens/Golden.h"
 #include "screens/Stage.h"
 
 namespace brindlet::testing {
@@ -15,6 +17,7 @@ const std::vector<Scene> allScenes{
     {"welcome", [](AppState&) {}},
     {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
+    {"unsupported", scenes::unsupported},
     {"mailboxes", scenes::mailboxes},
     {"chosen mailbox", scenes::chosenMailbox},
     {"gmail", scenes::gmail},
@@ -34,6 +37,9 @@ const std::vector<Scene> allScenes{
     {"long history", scenes::longHistory},
     {"taught history", scenes::taughtHistory},
     {"empty history", scenes::emptyHistory},
+    {"automatic", scenes::automatic},
+    {"automatic off", scenes::automaticOff},
+    {"automatic at first", scenes::automaticAtFirst},
     {"no rules", scenes::noRules},
     {"rules", scenes::rules},
 };
@@ -75,6 +81,16 @@ TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
     }
 }
 
+TEST_P(EveryScreen, IsLegibleWholeAndFreeOfOverlapsInBothLooks) {
+    for (const bool dark : {true, false}) {
+        Stage stage(GetParam().second);
+        stage.model().setDark(dark);
+        const auto faults = demo::pictureFaults(*stage.window(), pictureOf(stage));
+        EXPECT_TRUE(faults.isEmpty())
+            << (dark ? "dark: " : "light: ") << faults.join(u'\n').toStdString();
+    }
+}
+
 TEST(Window, IsNamedAndNoSmallerThanItsContentNeeds) {
     Stage stage;
     EXPECT_EQ(stage.window()->title(), QStringLiteral("Brindlet"));
@@ -88,6 +104,7 @@ TEST(Window, ShowsTheScreenOfTheSession) {
         {AppState::Screen::pick, "pickScreen"},
         {AppState::Screen::scanning, "scanningScreen"},
         {AppState::Screen::results, "resultsScreen"},
+        {AppState::Screen::automatic, "automaticScreen"},
         {AppState::Screen::history, "historyScreen"},
         {AppState::Screen::rules, "rulesScreen"},
         {AppState::Screen::welcome, "welcomeScreen"},

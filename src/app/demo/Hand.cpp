@@ -7,6 +7,9 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
+#include <cstdio>
+
+#include "app/demo/PictureCheck.h"
 
 namespace brindlet::demo {
 namespace {
@@ -115,7 +118,11 @@ void Hand::type(const QString& text) const {
 
 bool Hand::picture(const QString& path) const {
     mouse(QEvent::MouseMove, QPointF(1, 1), Qt::NoButton);
-    return rest() && window_.grabWindow().save(path);
+    if (!rest()) return false;
+    const auto taken = window_.grabWindow();
+    const auto faults = pictureFaults(window_, taken);
+    for (const auto& fault : faults) std::printf("   %s\n", qPrintable(fault));
+    return taken.save(path) && faults.isEmpty();
 }
 
 }  // namespace brindlet::demo

@@ -32,7 +32,8 @@ class Hand {
 
     void press(Qt::Key key) const;
     void type(const QString& text) const;
-    /// With the pointer out of the way.
+    /// With the pointer out of the way. False also when the picture has a fault, which is said on
+    /// standard output.
     bool picture(const QString& path) const;
 
   private:

@@ -6,8 +6,8 @@
 namespace brindlet::demo {
 
 const char* const usage =
-    "brindlet-demo [--messages N] [--keep DIR] [--light] [--size WIDTHxHEIGHT] [--tour DIR]\n"
-    "              [--model-server URL [--model-server-name NAME]]\n"
+    "brindlet-demo [--messages N] [--keep DIR] [--light] [--size WIDTHxHEIGHT] [--on-battery]\n"
+    "              [--tour DIR] [--model-server URL [--model-server-name NAME]]\n"
     "\n"
     "Brindlet over sample mail, in folders of its own that are removed at the end. Prints the app\n"
     "password that its Gmail account can be connected with.\n"
@@ -16,6 +16,7 @@ const char* const usage =
     "  --keep DIR     use this folder, and leave it there; mail in it is used again\n"
     "  --light        the light look\n"
     "  --size WxH     the window's size, such as 980x640\n"
+    "  --on-battery   runs on battery power, on which a scan pauses\n"
     "  --tour DIR     plays a visit, puts a picture of each screen into DIR, and ends\n"
     "  --model-server URL\n"
     "                 lets a model server on this machine sort, see docs/model-server.md\n"
@@ -43,6 +44,8 @@ Options parseOptions(int argc, char** argv) {
             const auto sides = QString::fromStdString(value()).split(QLatin1Char('x'));
             options.size = QSize(sides.value(0).toInt(), sides.value(1).toInt());
             understood = sides.size() == 2 && !options.size.isEmpty();
+        } else if (word == "--on-battery") {
+            options.onBattery = true;
         } else if (word == "--light") {
             options.light = true;
         } else if (word == "--help") {

@@ -16,6 +16,7 @@ struct Options {
     std::string modelServer;
     std::string modelServerName;
     bool light = false;
+    bool onBattery = false;
     QSize size;
     bool help = false;
     /// What was not understood; empty when all was.

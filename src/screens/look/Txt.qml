@@ -1,5 +1,6 @@
 import QtQuick
 
+// Words. Where they are cut short, all of them stand once the pointer rests on them.
 Text {
     id: root
 
@@ -12,6 +13,17 @@ Text {
     font.weight: weight
     textFormat: Text.PlainText
     renderType: Text.QtRendering
+
+    HoverHandler {
+        id: hover
+
+        enabled: root.truncated
+    }
+    HelpSpot {
+        control: root
+        text: root.truncated ? root.text : ""
+        wanted: hover.hovered
+    }
 
     Accessible.role: Accessible.StaticText
     Accessible.name: root.text

@@ -18,5 +18,6 @@ if(BRINDLET_TESTS)
   find_package(GTest REQUIRED)
 endif()
 if(BRINDLET_UI)
-  find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Qml Quick Svg Test)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Network Qml Quick Svg Test
+               Widgets)
 endif()

@@ -4,13 +4,13 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
+#include <cstdio>
 #include <cstdlib>
 
-#include "app/ColourScheme.h"
-#include "app/MainWindow.h"
+#include "app/Appearance.h"
 #include "app/QtMainQueue.h"
-#include "app/WatchedLoop.h"
-#include "session/AppState.h"
+#include "app/Shell.h"
+#include "app/SingleInstance.h"
 
 namespace brindlet {
 namespace {
@@ -26,28 +26,39 @@ QIcon ownIcon() {
 
 void prepareToolkit() {
     QGuiApplication::setApplicationName(QStringLiteral("Brindlet"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(BRINDLET_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("brindlet"));
     QGuiApplication::setWindowIcon(ownIcon());
     QGuiApplication::setFont(QFont(QStringLiteral("Inter")));
 }
 
-void runApplication(AppState& state, QtMainQueue& queue, const Watchdog::Seams& watch,
-                    const std::function<void()>& firstFrame) {
+std::optional<int> giveWay(SingleInstance& instance) {
+    switch (instance.claim()) {
+        case SingleInstance::Found::another:
+            std::puts("Brindlet is running already; its window comes to the front.");
+            return EXIT_SUCCESS;
+        case SingleInstance::Found::silent:
+            std::fputs("Brindlet is running already, but does not answer.\n", stderr);
+            return EXIT_FAILURE;
+        case SingleInstance::Found::nobody:
+            break;
+    }
+    return std::nullopt;
+}
+
+void runApplication(const ApplicationParts& parts, const std::function<void()>& firstFrame) {
     prepareToolkit();
-    const ColourScheme scheme;
-    MainWindow main(state);
-    const auto follow = [&] { main.model().setDark(scheme.dark()); };
-    QObject::connect(&scheme, &ColourScheme::changed, &main.model(), follow);
-    follow();
-    if (!main.show()) std::_Exit(EXIT_FAILURE);
+    const Appearance appearance;
+    Shell shell(parts.state, parts.updates, parts.instance);
+    auto& main = shell.main();
+    main.follow(appearance);
+    if (!shell.start(parts.watch)) std::_Exit(EXIT_FAILURE);
     if (firstFrame)
         QObject::connect(main.window(), &QQuickWindow::frameSwapped, &main.model(), firstFrame,
                          Qt::SingleShotConnection);
-    state.startTimer();
-    const WatchedLoop watched(watch);
-    state.refreshInReach();
-    const int code = QGuiApplication::exec();
-    queue.end();
+    const int code = QCoreApplication::exec();
+    parts.instance.end();
+    parts.queue.end();
     std::_Exit(code);
 }
 

@@ -1,13 +1,15 @@
-#include <QGuiApplication>
+#include <QApplication>
 
 #include "app/Application.h"
 #include "app/QtMainQueue.h"
+#include "app/SingleInstance.h"
 #include "models/ChosenModel.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/LinuxDiagnostics.h"
 #include "platform/linux/LinuxPower.h"
 #include "platform/linux/Memory.h"
 #include "platform/linux/NoRunningApps.h"
+#include "platform/linux/NoUpdates.h"
 #include "platform/linux/OpenSslStream.h"
 #include "platform/linux/SecretServiceKeyStore.h"
 #include "platform/linux/SystemClock.h"
@@ -23,6 +25,8 @@ int main(int argc, char** argv) {
     // The adapters first: they read the environment, which no other thread may do by then.
     SystemClock clock;
     XdgDirectories directories;
+    SingleInstance instance(directories);
+    if (const auto code = giveWay(instance)) return *code;
     SystemLocale locale;
     LinuxPower power;
     XdgDesktop desktop;
@@ -33,11 +37,12 @@ int main(int argc, char** argv) {
     SecretServiceKeyStore keys;
     OpenSslConnector tls(TlsAuthorities::ofSystem());
 
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
     QtMainQueue queue;
     const auto state =
         AppState::make({clock, directories, queue, defaults, *chosen.model, power, desktop, locale,
                         processes, runningApps, keys, tls, "/usr/bin/osascript"});
     LinuxDiagnostics diagnostics(processes, clock);
-    runApplication(*state, queue, {clock, directories, diagnostics});
+    NoUpdates updates;
+    runApplication({*state, queue, updates, instance, {clock, directories, diagnostics}});
 }

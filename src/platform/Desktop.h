@@ -12,6 +12,8 @@ class Desktop {
     virtual void openLink(const std::string& url) = 0;
     /// The system's settings at the pane that grants access to the mail program's files.
     virtual void openDiskAccessSettings() = 0;
+    /// The system's settings as a whole.
+    virtual void openSettings() = 0;
     virtual void openMail() = 0;
 };
 

@@ -1,5 +1,7 @@
 #include "screens/AppModel.h"
 
+#include <utility>
+
 #include "screens/QtText.h"
 #include "session/AppState.h"
 #include "words/WelcomeWords.h"
@@ -17,13 +19,16 @@ AppModel::Screen screenFor(AppState::Screen screen) {
             return AppModel::Scanning;
         case AppState::Screen::results:
             return AppModel::Results;
+        case AppState::Screen::automatic:
+            return AppModel::Automatic;
         case AppState::Screen::history:
             return AppModel::History;
         case AppState::Screen::rules:
             return AppModel::Rules;
-        default:  // nothing leads to the others
-            return AppModel::Welcome;
+        case AppState::Screen::welcome:
+            break;
     }
+    return AppModel::Welcome;
 }
 
 }  // namespace
@@ -35,8 +40,10 @@ AppModel::AppModel(AppState& state)
       pick_(state),
       scanning_(state),
       results_(state),
+      automatic_(state),
       history_(state),
       rules_(state),
+      unsupported_(state),
       gmailAsk_(state),
       coalescer_(state, [this] { refresh(); }) {
     refresh();
@@ -52,20 +59,42 @@ void AppModel::setDark(bool dark) {
     Q_EMIT darkChanged();
 }
 
+void AppModel::setStill(bool still) {
+    if (still == still_) return;
+    still_ = still;
+    Q_EMIT stillChanged();
+}
+
+void AppModel::setShown(bool shown) {
+    if (shown == shown_) return;
+    shown_ = shown;
+    if (!shown) leave();
+    refresh();
+}
+
+void AppModel::leave() {
+    if (screen_ == Welcome) welcome_.leave();
+    if (screen_ == Pick) pick_.leave();
+    if (screen_ == Results) results_.leave();
+    if (screen_ == Automatic) automatic_.leave();
+    if (screen_ == History) history_.leave();
+    if (screen_ == Rules) rules_.leave();
+    left_ = true;
+}
+
 void AppModel::refresh() {
-    const auto next = screenFor(*state_.screen);
-    const bool appears = next != screen_;
+    if (!shown_) return;
+    unsupported_.refresh();
+    const auto next = unsupported_.shown() ? Unsupported : screenFor(*state_.screen);
     // First, because what leaving changes is to be seen on the next screen.
-    if (appears && screen_ == Welcome) welcome_.leave();
-    if (appears && screen_ == Pick) pick_.leave();
-    if (appears && screen_ == Results) results_.leave();
-    if (appears && screen_ == History) history_.leave();
-    if (appears && screen_ == Rules) rules_.leave();
+    if (next != screen_ && !left_) leave();
+    const bool appears = std::exchange(left_, false);
     switch (next) {
         case Welcome:
             welcome_.refresh();
             break;
         case Permission:
+        case Unsupported:
             break;
         case Pick:
             if (appears) pick_.appear();
@@ -76,6 +105,10 @@ void AppModel::refresh() {
             break;
         case Results:
             results_.refresh();
+            break;
+        case Automatic:
+            if (appears) automatic_.appear();
+            automatic_.refresh();
             break;
         case History:
             history_.refresh();
@@ -89,7 +122,10 @@ void AppModel::refresh() {
         Q_EMIT screenChanged();
     }
     // After the screen that it stands over.
-    gmailAsk_.refresh();
+    if (screen_ == Unsupported)
+        gmailAsk_.leave();
+    else
+        gmailAsk_.refresh();
 }
 
 }  // namespace brindlet::screens

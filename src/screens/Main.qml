@@ -7,9 +7,10 @@ Window {
     id: root
 
     required property AppModel app
+    required property CommandsModel commands
     // False while anything moves: one screen comes in after another, or something within one.
     readonly property bool settled: stage.status === Loader.Ready && !entrance.running
-                                    && sheet.still && tip.settled
+                                    && sheet.still && about.settled && tip.settled
                                     && (stage.item as ResultsScreen)?.settled !== false
 
     width: 1080
@@ -20,10 +21,20 @@ Window {
     title: app.title
     color: Theme.ground
 
+    onActiveChanged: {
+        if (root.active)
+            root.app.lookAgain();
+    }
+
     Binding {
         target: Theme
         property: "dark"
         value: root.app.dark
+    }
+    Binding {
+        target: Theme
+        property: "still"
+        value: root.app.still
     }
     InputWatch {
         id: input
@@ -58,6 +69,8 @@ Window {
         width: parent.width
         height: parent.height
         focus: true
+        // Where no row has a menu of its own.
+        Keys.onMenuPressed: commandButton.open()
         onLoaded: {
             stage.forceActiveFocus();
             if (!first)
@@ -85,6 +98,27 @@ Window {
                 easing.type: Easing.OutCubic
             }
         }
+    }
+    CommandButton {
+        id: commandButton
+
+        anchors.top: parent.top
+        anchors.right: parent.right
+        anchors.topMargin: Theme.space2
+        anchors.rightMargin: 9
+        model: root.commands
+        home: stage
+        onAboutAsked: about.wanted = true
+    }
+    Shortcut {
+        sequence: "F10"
+        onActivated: commandButton.open()
+    }
+    AboutSheet {
+        id: about
+
+        model: root.commands
+        home: stage
     }
     GmailAskSheet {
         id: sheet
@@ -121,11 +155,17 @@ Window {
         case AppModel.Results:
             stage.setSource("ResultsScreen.qml", { "model": root.app.results });
             break;
+        case AppModel.Automatic:
+            stage.setSource("AutomaticScreen.qml", { "model": root.app.automatic });
+            break;
         case AppModel.History:
             stage.setSource("HistoryScreen.qml", { "model": root.app.history });
             break;
         case AppModel.Rules:
             stage.setSource("RulesScreen.qml", { "model": root.app.rules });
+            break;
+        case AppModel.Unsupported:
+            stage.setSource("UnsupportedScreen.qml", { "model": root.app.unsupported });
             break;
         }
     }

@@ -129,11 +129,11 @@ PickWords pickWords(const AppState& state) {
     PickWords words;
     words.content = contentOf(state);
     words.notice = noticeFor(words.content);
+    if (*state.folderVanished)
+        words.vanished = **state.folderVanished + " isn't in Mail any more - pick another folder.";
     if (words.content != PickWords::Content::accounts) return words;
 
     if (*state.refreshingFolders) words.checking = "Checking mailboxes";
-    if (*state.folderVanished)
-        words.vanished = **state.folderVanished + " isn't in Mail any more - pick another folder.";
     words.accounts = accountMenu(state);
     if (*state.account) {
         const auto lastScans = state.history.lastScans();

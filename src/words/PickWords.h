@@ -39,17 +39,17 @@ struct PickWords {
     std::string title = "Choose a mailbox";
     std::string text = "Start with your inbox. Nothing is moved without your say-so.";
 
+    /// Empty unless the selected folder disappeared; stands over any content until dismissed.
+    std::string vanished;
+    std::string vanishedSymbol = "trash";
+    std::string dismissSymbol = "xmark";
+
     Content content = Content::finding;
     /// Filled unless the content is the accounts; all below it only then.
     PickNotice notice;
 
     /// Empty unless the folders are being looked up again.
     std::string checking;
-
-    /// Empty unless the selected folder disappeared.
-    std::string vanished;
-    std::string vanishedSymbol = "trash";
-    std::string dismissSymbol = "xmark";
 
     /// In the order of the session's accounts.
     PickMenu accounts;

@@ -111,6 +111,7 @@ ResultsWords resultsWords(const AppState& state) {
         words.allMoved = allMovedWords(state);
     }
     words.rules = rulesLabel(state);
+    words.automatic = state.schedule.enabled() ? "Automatic on" : "Run automatically";
     return words;
 }
 

@@ -41,6 +41,8 @@ struct ResultsWords {
     std::string rules;
     std::string historySymbol = "clock.arrow.circlepath";
     std::string history = "History";
+    std::string automaticSymbol = "clock.arrow.2.circlepath";
+    std::string automatic;
 
     friend bool operator==(const ResultsWords&, const ResultsWords&) = default;
 };

@@ -4,6 +4,7 @@
 
 #include "platform/Locale.h"
 #include "session/AppState.h"
+#include "words/AutomaticWords.h"
 
 namespace brindlet {
 
@@ -18,6 +19,7 @@ std::vector<HomeLink> homeLinks(const AppState& state) {
         count > 0)
         rules += " (" + locale.grouped(count) + ")";
     links.push_back({HomeLink::To::rules, "wand.and.stars", std::move(rules)});
+    links.push_back({HomeLink::To::automatic, "clock.arrow.2.circlepath", automaticLink(state)});
     if (!state.history.records->empty() || !state.history.deleted->empty())
         links.push_back({HomeLink::To::history, "clock.arrow.circlepath", "History"});
     return links;

@@ -34,7 +34,7 @@ struct WelcomeWords {
 
 /// A line under the button that leads to a screen.
 struct HomeLink {
-    enum class To { history, rules };
+    enum class To { history, rules, automatic };
 
     To to = To::history;
     std::string symbol;

@@ -49,6 +49,11 @@ bool Child::runs() {
     return process_.state() == QProcess::Running && !process_.waitForFinished(0);
 }
 
+int Child::end() {
+    if (process_.state() != QProcess::NotRunning && !process_.waitForFinished(patience)) return -1;
+    return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
+}
+
 void adoptDescendants() {
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
 }

@@ -22,6 +22,8 @@ class Child {
     /// What it has said on standard error so far.
     QString errors() const;
     bool runs();
+    /// Waits for its end; gives its exit code, or -1 when it was killed or goes on.
+    int end();
 
   private:
     QProcess process_;

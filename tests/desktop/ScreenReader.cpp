@@ -224,18 +224,30 @@ void ScreenReader::press(const Thing& thing) const {
 }
 
 void ScreenReader::movePointer(int x, int y) const {
-    if (testing::Test::HasFailure()) return;
     tellController(QStringLiteral("GenerateMouseEvent"), {x, y, QStringLiteral("abs")});
 }
 
 void ScreenReader::strike(int key) const {
-    if (testing::Test::HasFailure()) return;
     constexpr uint bySymbol = 3;
-    tellController(QStringLiteral("GenerateKeyboardEvent"), {key, QString(), bySymbol});
+    generate(key, bySymbol);
+}
+
+void ScreenReader::strikeWithControl(int key) const {
+    constexpr uint lock = 5;
+    constexpr uint unlock = 6;
+    constexpr int control = 4;
+    generate(control, lock);
+    strike(key);
+    generate(control, unlock);
+}
+
+void ScreenReader::generate(int number, uint kind) const {
+    tellController(QStringLiteral("GenerateKeyboardEvent"), {number, QString(), kind});
 }
 
 /// What the mouse and the keyboard are worked by.
 void ScreenReader::tellController(const QString& member, const QVariantList& arguments) const {
+    if (testing::Test::HasFailure()) return;
     const auto answer = bus_.call(
         question(registry, QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller"),
                  QStringLiteral("org.a11y.atspi.DeviceEventController"), member, arguments));

@@ -70,6 +70,8 @@ class ScreenReader {
     void movePointer(int x, int y) const;
     /// Strikes a key, by its number among the X key symbols.
     void strike(int key) const;
+    /// The same while Control is held.
+    void strikeWithControl(int key) const;
 
     /// What is asked about one thing, on its way.
     using Questions = std::array<QDBusPendingCall, 6>;
@@ -77,6 +79,7 @@ class ScreenReader {
   private:
     Questions ask(const QString& path) const;
     void tellController(const QString& member, const QVariantList& arguments) const;
+    void generate(int number, uint kind) const;
 
     QDBusConnection bus_;
     QString application_;

@@ -35,9 +35,8 @@ QString senderOf(const Thing& message) {
 
 Visit::Visit(int messages, const QStringList& options)
     : messages_(messages),
-      program_(QStringLiteral(BRINDLET_DEMO),
-               QStringList{QStringLiteral("--messages"), QString::number(messages)} + options,
-               forWindows(desktop_.environment()),
+      options_(options),
+      program_(QStringLiteral(BRINDLET_DEMO), arguments(), forWindows(desktop_.environment()),
                desktop_.folder() + QStringLiteral("/program.log")),
       reader_(desktop_.accessibility(), program_.pid()) {
     EXPECT_EQ(desktop_.problem().toStdString(), "");
@@ -49,6 +48,18 @@ Visit::~Visit() {
     if (testing::Test::HasFailure())
         std::cerr << (program_.runs() ? "The program runs.\n" : "The program has ended.\n")
                   << program_.errors().toStdString();
+}
+
+QStringList Visit::arguments() const {
+    return QStringList{QStringLiteral("--messages"), QString::number(messages_),
+                       QStringLiteral("--keep"), desktop_.folder() + QStringLiteral("/demo")} +
+           options_;
+}
+
+std::unique_ptr<Child> Visit::startAgain() const {
+    return std::make_unique<Child>(QStringLiteral(BRINDLET_DEMO), arguments(),
+                                   forWindows(desktop_.environment()),
+                                   desktop_.folder() + QStringLiteral("/again.log"));
 }
 
 void Visit::start() const {

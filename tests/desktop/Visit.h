@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <memory>
 #include <utility>
 
 #include "desktop/Child.h"
@@ -17,7 +18,12 @@ class Visit {
     explicit Visit(int messages = 400, const QStringList& options = {});
     ~Visit();
 
+    const Desktop& desktop() const { return desktop_; }
+    Child& program() { return program_; }
     const ScreenReader& reader() const { return reader_; }
+
+    /// Starts the program once more, over the same mail and store.
+    std::unique_ptr<Child> startAgain() const;
 
     /// From the welcome to the mailboxes.
     void start() const;
@@ -34,7 +40,10 @@ class Visit {
     void expectAllCanBePressed() const;
 
   private:
+    QStringList arguments() const;
+
     int messages_;
+    QStringList options_;
     Desktop desktop_;
     Child program_;
     ScreenReader reader_;

@@ -185,6 +185,7 @@ class RecordingDesktop : public Desktop {
   public:
     void openLink(const std::string& url) override { opened.push_back(url); }
     void openDiskAccessSettings() override { opened.push_back("disk access settings"); }
+    void openSettings() override { opened.push_back("settings"); }
     void openMail() override { opened.push_back("mail"); }
 
     std::vector<std::string> opened;

@@ -19,18 +19,33 @@ void expectNames(QAccessibleInterface* thing, const std::string& path, int& focu
 }
 
 TEST(ScreenReader, EveryControlOfEveryScreenHasANameAndARole) {
-    for (const auto scene : {+[](AppState&) {},       +scenes::interrupted,
-                             +scenes::permission,     +scenes::mailboxes,
-                             +scenes::chosenMailbox,  +scenes::noAccounts,
-                             +scenes::scanning,       +scenes::pausedScan,
-                             +scenes::openResults,    +scenes::correctedResults,
-                             +scenes::movedResults,   +scenes::moving,
-                             +scenes::failedMove,     +scenes::stoppedScan,
-                             +scenes::nothingFound,   +scenes::history,
-                             +scenes::longHistory,    +scenes::taughtHistory,
-                             +scenes::emptyHistory,   +scenes::noRules,
-                             +scenes::rules,          +scenes::gmail,
-                             +scenes::askedAboutGmail}) {
+    for (const auto scene : {+[](AppState&) {},
+                             +scenes::interrupted,
+                             +scenes::permission,
+                             +scenes::mailboxes,
+                             +scenes::chosenMailbox,
+                             +scenes::noAccounts,
+                             +scenes::scanning,
+                             +scenes::pausedScan,
+                             +scenes::openResults,
+                             +scenes::correctedResults,
+                             +scenes::movedResults,
+                             +scenes::moving,
+                             +scenes::failedMove,
+                             +scenes::stoppedScan,
+                             +scenes::nothingFound,
+                             +scenes::history,
+                             +scenes::longHistory,
+                             +scenes::taughtHistory,
+                             +scenes::emptyHistory,
+                             +scenes::noRules,
+                             +scenes::automatic,
+                             +scenes::automaticOff,
+                             +scenes::automaticAtFirst,
+                             +scenes::rules,
+                             +scenes::gmail,
+                             +scenes::askedAboutGmail,
+                             +scenes::unsupported}) {
         Stage stage(scene);
         const Reader reader(stage);
         int focusables = 0;

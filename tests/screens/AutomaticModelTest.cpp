@@ -93,6 +93,32 @@ TEST(AutomaticModel, AnAccountOpensToItsFolders) {
     EXPECT_EQ(automatic.boxes().rowCount(), 2) << "closed when the screen is left";
 }
 
+TEST(AutomaticModel, AnAccountIsOpenedAndClosedFromItsOwnRowAlone) {
+    Automatic automatic;
+    automatic.boxes().setOpen(0, true);
+    automatic.boxes().setOpen(0, true);
+    ASSERT_EQ(automatic.boxes().rowCount(), 4);
+    for (const int row : {1, 2, -1, 4}) automatic.boxes().setOpen(row, false);
+    EXPECT_EQ(automatic.boxes().rowCount(), 4);
+    const std::vector<std::pair<int, int>> accounts{{0, 0}, {1, 0}, {2, 0}, {3, 3}, {-1, -1}};
+    for (const auto& [row, account] : accounts)
+        EXPECT_EQ(automatic.boxes().accountRow(row), account) << row;
+    automatic.boxes().setOpen(0, false);
+    EXPECT_EQ(automatic.boxes().rowCount(), 2);
+}
+
+TEST(AutomaticModel, WhatIsPickedStandsOpenWhenTheScreenAppears) {
+    Automatic automatic;
+    automatic.state->schedule.toggle("B2", "INBOX");
+    automatic.model.appear();
+    automatic.model.refresh();
+    ASSERT_EQ(automatic.boxes().rowCount(), 3);
+    EXPECT_EQ(automatic.box(0, WatchListModel::DescriptionRole), QStringLiteral("Collapsed"));
+    EXPECT_TRUE(automatic.box(2, WatchListModel::TickedRole).toBool());
+    ASSERT_TRUE(
+        automatic.world.mainQueue.pumpUntil([&] { return !*automatic.state->refreshingFolders; }));
+}
+
 TEST(AutomaticModel, AFolderIsPickedAndUnpickedByAPress) {
     Automatic automatic;
     automatic.boxes().press(0);
@@ -138,8 +164,12 @@ TEST(AutomaticModel, ChoosesTheMode) {
     Automatic automatic;
     ASSERT_EQ(automatic.model.modes()->rowCount(), 2);
     EXPECT_TRUE(automatic.mode(0, ModesModel::ChosenRole).toBool());
+    EXPECT_EQ(automatic.model.modes()->chosen(), 0);
+    const QSignalSpy chosen(automatic.model.modes(), &ModesModel::chosenChanged);
     automatic.model.chooseMode(1);
     automatic.model.refresh();
+    EXPECT_EQ(automatic.model.modes()->chosen(), 1);
+    EXPECT_EQ(chosen.count(), 1);
     EXPECT_EQ(automatic.state->schedule.mode(), SortMode::automatic);
     EXPECT_FALSE(automatic.mode(0, ModesModel::ChosenRole).toBool());
     EXPECT_EQ(automatic.mode(1, ModesModel::SymbolRole), QStringLiteral("largecircle.fill.circle"));

@@ -12,6 +12,7 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"welcome", [](AppState&) {}},
     {"interrupted move", scenes::interrupted},
     {"permission", scenes::permission},
+    {"unsupported", scenes::unsupported},
     {"chosen mailbox", scenes::chosenMailbox},
     {"gmail", scenes::gmail},
     {"no accounts", scenes::noAccounts},
@@ -24,6 +25,9 @@ const std::vector<std::pair<const char*, void (*)(AppState&)>> scenesWithControl
     {"history", scenes::history},
     {"taught history", scenes::taughtHistory},
     {"empty history", scenes::emptyHistory},
+    {"automatic", scenes::automatic},
+    {"automatic off", scenes::automaticOff},
+    {"automatic at first", scenes::automaticAtFirst},
     {"no rules", scenes::noRules},
     {"rules", scenes::rules},
 };

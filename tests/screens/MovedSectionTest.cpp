@@ -302,7 +302,7 @@ TEST(MovedSection, TheBarsAreLeftBackwardsWhereNoCategoryStands) {
     EXPECT_EQ(stage.find("category0"), nullptr);
     ASSERT_TRUE(stage.tabTo("undo"));
     stage.press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(stage.focused(), QStringLiteral("history"));
+    EXPECT_EQ(stage.focused(), QStringLiteral("automatic"));
     EXPECT_EQ(stage.main->warnings(), QStringList());
 }
 

@@ -224,7 +224,7 @@ TEST(ResultsModel, AMoveThatTookEverythingIsToldOf) {
         QStringLiteral("Scan another mailbox, or let Brindlet watch this one on a schedule."));
 }
 
-TEST(ResultsModel, RulesAndHistoryAreAClickAway) {
+TEST(ResultsModel, RulesHistoryAndTheScheduleAreAClickAway) {
     Results results;
     EXPECT_EQ(results.model.rulesLabel(), QStringLiteral("Rules"));
     EXPECT_EQ(results.model.rulesSymbol(), QStringLiteral("wand.and.stars"));
@@ -234,6 +234,13 @@ TEST(ResultsModel, RulesAndHistoryAreAClickAway) {
     EXPECT_EQ(*results.state->screen, AppState::Screen::rules);
     results.model.openHistory();
     EXPECT_EQ(*results.state->screen, AppState::Screen::history);
+    EXPECT_EQ(results.model.automaticLabel(), QStringLiteral("Run automatically"));
+    EXPECT_EQ(results.model.automaticSymbol(), QStringLiteral("clock.arrow.2.circlepath"));
+    results.model.openAutomatic();
+    EXPECT_EQ(*results.state->screen, AppState::Screen::automatic);
+    results.state->schedule.setEnabled(true);
+    results.model.refresh();
+    EXPECT_EQ(results.model.automaticLabel(), QStringLiteral("Automatic on"));
 }
 
 TEST(ResultsModel, ScanAnotherLeadsToThePicker) {

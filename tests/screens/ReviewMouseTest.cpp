@@ -204,9 +204,10 @@ TEST(ReviewByMouse, ABoxWithoutATickSaysWhy) {
     EXPECT_LE(place.bottom(), stage.window()->height());
 }
 
-TEST(ReviewByMouse, RulesAndHistoryAreOneClickAway) {
+TEST(ReviewByMouse, RulesHistoryAndTheScheduleAreOneClickAway) {
     for (const auto& [name, screen] : {std::pair("rules", AppState::Screen::rules),
-                                       std::pair("history", AppState::Screen::history)}) {
+                                       std::pair("history", AppState::Screen::history),
+                                       std::pair("automatic", AppState::Screen::automatic)}) {
         Stage stage(scenes::results);
         EXPECT_TRUE(stage.click(name));
         EXPECT_EQ(*stage.state->screen, screen);

@@ -29,7 +29,7 @@ QPoint middleOf(const QQuickItem* item) {
 Stage::Stage(const std::function<void(AppState&)>& prepare)
     : state(AppState::make(world.services(), 1)) {
     if (prepare) prepare(*state);
-    main = std::make_unique<MainWindow>(*state);
+    main = std::make_unique<MainWindow>(*state, updater);
     if (!main->show()) qFatal("the window cannot be made");
     if (!QTest::qWaitForWindowExposed(window())) qFatal("the window is not shown");
     window()->requestActivate();
@@ -195,6 +195,13 @@ void interrupted(AppState& state) {
 
 void permission(AppState& state) {
     state.navigate(AppState::Screen::permission);
+}
+
+void unsupported(AppState& state) {
+    dynamic_cast<doubles::ScriptedModel&>(state.services().model).available =
+        ModelAvailability::notReady;
+    // Nobody tells when the model comes or goes.
+    state.stage.set("");
 }
 
 void mailboxes(AppState& state) {
@@ -366,6 +373,25 @@ void longHistory(AppState& state) {
 
 void emptyHistory(AppState& state) {
     state.navigate(AppState::Screen::history);
+}
+
+void automatic(AppState& state) {
+    mailboxes(state);
+    const auto& account = state.accounts->front().id;
+    for (const auto* name : {"INBOX", "Receipts", "Old/Lists"})
+        state.schedule.toggle(account, name);
+    state.schedule.setEnabled(true);
+    state.navigate(AppState::Screen::automatic);
+}
+
+void automaticOff(AppState& state) {
+    mailboxes(state);
+    state.navigate(AppState::Screen::automatic);
+}
+
+void automaticAtFirst(AppState& state) {
+    state.schedule.setEnabled(true);
+    state.navigate(AppState::Screen::automatic);
 }
 
 void noRules(AppState& state) {

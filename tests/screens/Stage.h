@@ -8,7 +8,9 @@
 
 #include "app/MainWindow.h"
 #include "doubles/Doubles.h"
+#include "doubles/RecordingUpdates.h"
 #include "session/AppState.h"
+#include "session/Updater.h"
 
 namespace brindlet::testing {
 
@@ -24,6 +26,8 @@ class Stage {
 
     doubles::World& world = doubles::World::lasting();
     std::shared_ptr<AppState> state;
+    doubles::RecordingUpdates updates;
+    Updater updater{updates};
     std::unique_ptr<MainWindow> main;
 
     QQuickWindow* window() const { return main->window(); }
@@ -64,6 +68,8 @@ namespace scenes {
 /// The first screen with a move of 1,834 that stopped after 412, in an account that is known.
 void interrupted(AppState& state);
 void permission(AppState& state);
+/// The language model is still on its way to this machine.
+void unsupported(AppState& state);
 /// Two accounts with folders of all kinds; nothing selected.
 void mailboxes(AppState& state);
 /// The same with the inbox selected and one folder gone.
@@ -101,6 +107,12 @@ void longHistory(AppState& state);
 /// The same as the first with the rules of `rules`, of which four last.
 void taughtHistory(AppState& state);
 void emptyHistory(AppState& state);
+/// The schedule on, two accounts, two folders picked of the first and one that is gone.
+void automatic(AppState& state);
+/// The same with nothing picked and the schedule off.
+void automaticOff(AppState& state);
+/// The schedule on before any account was read.
+void automaticAtFirst(AppState& state);
 void noRules(AppState& state);
 /// Two flipped categories and rules of every kind, over the mail of `results`.
 void rules(AppState& state);

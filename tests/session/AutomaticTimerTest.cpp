@@ -130,6 +130,26 @@ TEST_F(AutomaticTimer, AMoveAtADueTimePutsTheRunOffToTheNextLook) {
     finishRun();
 }
 
+TEST_F(AutomaticTimer, ARunPausedOnBatteryIsOneRunHoweverLongItLasts) {
+    watch("A", 6);
+    world.power.battery.set(true);
+    startTimer();
+    pass(hour);
+    ASSERT_TRUE(state->automaticRunning());
+    ASSERT_TRUE(pumpUntil([&] { return state->stage->starts_with("Paused - on battery."); }));
+    for (int looks = 0; looks < 24; ++looks) pass();
+    EXPECT_TRUE(state->automaticRunning()) << "for two hours";
+    EXPECT_TRUE(scanned().empty());
+    world.power.battery.set(false);
+    ASSERT_TRUE(pumpUntil([&] {
+        world.clock.advance(3);
+        return !state->automaticRunning();
+    }));
+    finishRun();
+    EXPECT_EQ(scanned(), Boxes{"A"});
+    EXPECT_FALSE(state->schedule.isDue()) << "it counts from its end";
+}
+
 TEST_F(AutomaticTimer, RunsNothingWithNothingPickedOrTheScheduleOff) {
     addBox("A", 1);
     startTimer();

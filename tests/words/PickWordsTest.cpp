@@ -110,6 +110,17 @@ TEST(PickWords, AVanishedFolderIsNamed) {
     EXPECT_FALSE(words.canSort);
 }
 
+TEST(PickWords, AVanishedFolderIsNamedUntilThatIsDismissedWhateverElseStands) {
+    Session session;
+    session->folderVanished.set("Bills");
+    EXPECT_EQ(pickWords(session).content, PickWords::Content::unreadable);
+    EXPECT_EQ(pickWords(session).vanished, "Bills isn't in Mail any more - pick another folder.");
+    session.select(Session::folder(Role::inbox));
+    EXPECT_NE(pickWords(session).vanished, "") << "though another is picked";
+    session->dismissVanished();
+    EXPECT_EQ(pickWords(session).vanished, "");
+}
+
 TEST(PickWords, ReachMenu) {
     Session session;
     session.select(Session::folder(Role::inbox));

@@ -158,6 +158,16 @@ TEST(ResultsWords, RulesAreCountedWhereThereAreAny) {
     EXPECT_EQ(resultsWords(session).rules, "Rules (1,234)");
 }
 
+// Here the switch alone counts: a schedule with nothing picked is on all the same.
+TEST(ResultsWords, TheWayToTheScheduleTellsWhetherItIsOn) {
+    Session session;
+    session->schedule.toggle("ann", "INBOX");
+    EXPECT_EQ(resultsWords(session).automatic, "Run automatically");
+    session->schedule.toggle("ann", "INBOX");
+    session->schedule.setEnabled(true);
+    EXPECT_EQ(resultsWords(session).automatic, "Automatic on");
+}
+
 TEST(ResultsWords, OneHeldRuleIsWordedLikeSeveral) {
     Session session;
     Rule held;

@@ -21,6 +21,7 @@
 #include "words/RulesWords.h"
 #include "words/ScanningWords.h"
 #include "words/UndoWords.h"
+#include "words/UnsupportedWords.h"
 #include "words/WelcomeWords.h"
 
 namespace brindlet {
@@ -62,6 +63,13 @@ TEST(StaticWords, Permission) {
     EXPECT_EQ(words.steps, steps);
     EXPECT_EQ(words.openSettings, "Open Settings");
     EXPECT_EQ(words.check, "Check");
+}
+
+TEST(StaticWords, Unsupported) {
+    const UnsupportedWords words;
+    EXPECT_EQ(words.symbol, "exclamationmark.triangle");
+    EXPECT_EQ(words.title, "Not available");
+    EXPECT_EQ(words.openSettings, "Open Settings");
 }
 
 TEST(StaticWords, Pick) {
@@ -108,6 +116,7 @@ TEST(StaticWords, Results) {
     EXPECT_EQ(words.rulesSymbol, "wand.and.stars");
     EXPECT_EQ(words.historySymbol, "clock.arrow.circlepath");
     EXPECT_EQ(words.history, "History");
+    EXPECT_EQ(words.automaticSymbol, "clock.arrow.2.circlepath");
     const ScanErrorWords error;
     EXPECT_EQ(error.symbol, "exclamationmark.triangle.fill");
     EXPECT_EQ(error.title, "This scan was stopped");

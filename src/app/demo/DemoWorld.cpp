@@ -45,6 +45,10 @@ void SayingDesktop::openDiskAccessSettings() {
     std::fprintf(stderr, "would open the system's settings for access to the disk\n");
 }
 
+void SayingDesktop::openSettings() {
+    std::fprintf(stderr, "would open the system's settings\n");
+}
+
 void SayingDesktop::openMail() {
     std::fprintf(stderr, "would open the mail program\n");
     sample::launchMail(home_);

@@ -41,6 +41,7 @@ class SayingDesktop : public Desktop {
     /// Of Google's page for app passwords it also says what would be made there.
     void openLink(const std::string& url) override;
     void openDiskAccessSettings() override;
+    void openSettings() override;
     /// Launches the simulated one.
     void openMail() override;
 

@@ -43,6 +43,7 @@ bool Tour::run() {
     putBack();
     secondScan();
     gmail();
+    automatic();
     step(QStringLiteral("nothing was complained of"), [this] {
         for (const auto& warning : main_.warnings()) std::printf("  %s\n", qPrintable(warning));
         return main_.warnings().isEmpty();

@@ -17,8 +17,9 @@ namespace brindlet::demo {
 
 /// Plays a first visit: from the welcome to the results, a correction that is taken back, a move
 /// and a message that is put back, then a second scan, which must leave out what the first one
-/// decided; and a visit to the Gmail account, which is connected, filed on and disconnected. Says
-/// on standard output what it does, and puts a picture of each screen into a folder.
+/// decided; and a visit to the Gmail account, which is connected, filed on and disconnected; and at
+/// last the schedule, which is turned on and run at once. Says on standard output what it does, and
+/// puts a picture of each screen into a folder.
 class Tour {
   public:
     Tour(AppState& state, MainWindow& main, DemoWorld& world, QString pictures);
@@ -65,6 +66,14 @@ class Tour {
     std::string appPassword() const;
     /// How long the Gmail server takes for an answer.
     bool setGmailDelay(double seconds) const;
+
+    /// Needs a screen from which Escape leads to the results, and a first account with an inbox.
+    void automatic();
+    void openAutomatic();
+    void setSchedule();
+    void losePickedMailbox();
+    void runNow();
+    void automaticFromWelcome();
 
     FileCounts countFiles() const;
     LabelCounts countLabels() const;

@@ -1,5 +1,5 @@
+#include <QApplication>
 #include <QDateTime>
-#include <QGuiApplication>
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -7,14 +7,15 @@
 #include <optional>
 
 #include "app/Application.h"
-#include "app/MainWindow.h"
 #include "app/QtMainQueue.h"
-#include "app/WatchedLoop.h"
+#include "app/Shell.h"
+#include "app/SingleInstance.h"
 #include "app/demo/DemoWorld.h"
 #include "app/demo/Options.h"
 #include "app/demo/Tour.h"
 #include "base/Files.h"
 #include "platform/linux/Memory.h"
+#include "platform/linux/NoUpdates.h"
 #include "sample/GmailServer.h"
 #include "sample/MailPresence.h"
 #include "sample/MailSettings.h"
@@ -48,7 +49,7 @@ int fail(const std::string& sentence) {
     return EXIT_FAILURE;
 }
 
-int runDemo(const Options& options, DemoWorld& world) {
+int runDemo(const Options& options, DemoWorld& world, SingleInstance& instance) {
     if (!files::exists(world.scriptHost))
         return fail("The stand-in for the script host is missing: " + world.scriptHost +
                     ". Build osascript; it belongs beside this program.");
@@ -66,20 +67,19 @@ int runDemo(const Options& options, DemoWorld& world) {
         AppState::make({world.clock, world.directories, queue, world.defaults, world.model,
                         world.power, world.desktop, world.locale, world.processes,
                         world.runningApps, world.keys, tls, world.scriptHost});
-    MainWindow main(*state);
-    main.model().setDark(!options.light);
-    if (!main.show()) return EXIT_FAILURE;
-    if (!options.size.isEmpty()) main.window()->resize(options.size);
-    state->startTimer();
-    const WatchedLoop watched({world.clock, world.directories, world.diagnostics});
-    state->refreshInReach();
+    NoUpdates updates;
+    Shell shell(*state, updates, instance);
+    shell.main().model().setDark(!options.light);
+    if (!shell.start({world.clock, world.directories, world.diagnostics})) return EXIT_FAILURE;
+    if (!options.size.isEmpty()) shell.main().window()->resize(options.size);
     int code = EXIT_SUCCESS;
     if (options.tour.empty())
-        code = QGuiApplication::exec();
-    else if (!Tour(*state, main, world, QString::fromStdString(options.tour)).run())
+        code = QCoreApplication::exec();
+    else if (!Tour(*state, shell.main(), world, QString::fromStdString(options.tour)).run())
         code = EXIT_FAILURE;
     if (*state->running) state->stopScan();
     state->drainWrites();
+    instance.end();
     queue.end();
     return code;
 }
@@ -102,8 +102,10 @@ int main(int argc, char** argv) {
     if (root.empty()) root = passing.emplace().path().toStdString();
     DemoWorld world(root, options.modelServer, options.modelServerName);
     world.power.setOnBattery(options.onBattery);
-    const QGuiApplication application(argc, argv);
-    const int code = runDemo(options, world);
+    brindlet::SingleInstance instance(world.directories);
+    if (const auto code = brindlet::giveWay(instance)) return *code;
+    const QApplication application(argc, argv);
+    const int code = runDemo(options, world, instance);
     if (passing) passing->remove();
     std::fflush(stdout);
     // What still runs is abandoned, as at every end of the program.

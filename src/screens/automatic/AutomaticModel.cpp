@@ -33,6 +33,7 @@ void AutomaticModel::refresh() {
 }
 
 void AutomaticModel::appear() {
+    mailboxes_.appear();
     if (state_.canReadIndex()) state_.loadAccounts(false);
     state_.refreshFolders();
 }

@@ -1,5 +1,7 @@
 #include "screens/automatic/ModesModel.h"
 
+#include <algorithm>
+
 #include "screens/QtText.h"
 #include "screens/RowChanges.h"
 
@@ -17,7 +19,7 @@ QVariant ModesModel::data(const QModelIndex& index, int role) const {
             return qtText(mode.symbol);
         case TitleRole:
             return qtText(mode.title);
-        case TextRole:
+        case DetailRole:
             return qtText(mode.text);
         case ChosenRole:
             return mode.chosen;
@@ -27,19 +29,29 @@ QVariant ModesModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> ModesModel::roleNames() const {
-    return {
-        {SymbolRole, "symbol"}, {TitleRole, "title"}, {TextRole, "text"}, {ChosenRole, "chosen"}};
+    return {{SymbolRole, "symbol"},
+            {TitleRole, "title"},
+            {DetailRole, "detail"},
+            {ChosenRole, "chosen"}};
+}
+
+int ModesModel::chosen() const {
+    const auto mode = std::find_if(modes_.begin(), modes_.end(),
+                                   [](const ModeWords& each) { return each.chosen; });
+    return mode == modes_.end() ? -1 : static_cast<int>(mode - modes_.begin());
 }
 
 void ModesModel::set(const std::vector<ModeWords>& modes) {
+    const int before = chosen();
     if (modes.size() == modes_.size()) {
         for (const int row : adoptChanged(modes_, modes))
             Q_EMIT dataChanged(index(row), index(row));
-        return;
+    } else {
+        beginResetModel();
+        modes_ = modes;
+        endResetModel();
     }
-    beginResetModel();
-    modes_ = modes;
-    endResetModel();
+    if (chosen() != before) Q_EMIT chosenChanged();
 }
 
 }  // namespace brindlet::screens

@@ -46,20 +46,42 @@ void WatchListModel::refresh() {
     adopt(rows_, watchRows(state_, open_));
 }
 
+void WatchListModel::appear() {
+    for (const auto& each : state_.schedule.watched()) open_.insert(each.account);
+}
+
 void WatchListModel::leave() {
     open_.clear();
     refresh();
 }
 
+const WatchRow* WatchListModel::rowAt(int row) const {
+    if (row < 0 || row >= rowCount()) return nullptr;
+    return &rows_[static_cast<std::size_t>(row)];
+}
+
 void WatchListModel::press(int row) {
-    if (row < 0 || row >= rowCount()) return;
-    const WatchRow pressed = rows_[static_cast<std::size_t>(row)];
-    if (!pressed.isAccount()) {
-        state_.schedule.toggle(pressed.account, pressed.folder);
-        return;
-    }
-    if (open_.erase(pressed.account) == 0) open_.insert(pressed.account);
+    const auto* pressed = rowAt(row);
+    if (!pressed) return;
+    if (pressed->isAccount())
+        setOpen(row, !pressed->open);
+    else
+        state_.schedule.toggle(pressed->account, pressed->folder);
+}
+
+void WatchListModel::setOpen(int row, bool open) {
+    const auto* pressed = rowAt(row);
+    if (!pressed || !pressed->isAccount() || pressed->open == open) return;
+    if (open)
+        open_.insert(pressed->account);
+    else
+        open_.erase(pressed->account);
     refresh();
+}
+
+int WatchListModel::accountRow(int row) const {
+    while (rowAt(row) && !rowAt(row)->isAccount()) --row;
+    return row;
 }
 
 }  // namespace brindlet::screens

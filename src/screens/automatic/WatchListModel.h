@@ -41,13 +41,21 @@ class WatchListModel : public RowsModel {
 
     /// Notifies what differs.
     void refresh();
+    /// The screen comes on show: what is picked is to be seen.
+    void appear();
     /// The screen is left: all accounts are closed again.
     void leave();
 
     /// Opens or closes an account; ticks or unticks a folder.
     Q_INVOKABLE void press(int row);
+    /// Does nothing to a folder.
+    Q_INVOKABLE void setOpen(int row, bool open);
+    /// Of the account that the row is part of.
+    Q_INVOKABLE int accountRow(int row) const;
 
   private:
+    const WatchRow* rowAt(int row) const;
+
     AppState& state_;
     std::vector<WatchRow> rows_;
     /// Ids of accounts.

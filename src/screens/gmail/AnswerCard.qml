@@ -13,7 +13,7 @@ Rectangle {
 
     implicitHeight: words.implicitHeight + 2 * Theme.space3
     radius: Theme.mainButtonRadius
-    color: promising ? Theme.wash(Theme.green, Theme.dark ? 0.1 : 0.18) : Theme.hover
+    color: promising ? Theme.wash(Theme.green, Theme.barStrength) : Theme.hover
     border.width: 1
     border.color: promising ? Theme.wash(Theme.green, 0.3) : Theme.line
 

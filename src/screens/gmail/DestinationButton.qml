@@ -21,7 +21,8 @@ T.Button {
 
     background: Rectangle {
         radius: Theme.rowRadius
-        color: Theme.wash(root.ink, root.down ? 0.26 : root.hovered ? 0.2 : 0.13)
+        color: root.down ? Theme.press
+             : Theme.wash(root.ink, root.hovered ? Theme.boxHoverStrength : Theme.boxStrength)
 
         FocusRing {
             control: root

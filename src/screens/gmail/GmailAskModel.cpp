@@ -46,6 +46,10 @@ void GmailAskModel::refresh() {
     if (*state_.askingGmail != account_) begin(*state_.askingGmail);
 }
 
+void GmailAskModel::leave() {
+    if (account_) begin(std::nullopt);
+}
+
 void GmailAskModel::begin(std::optional<MailAccount> account) {
     ++question_;
     appPassword_ = {};

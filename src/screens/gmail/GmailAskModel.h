@@ -60,6 +60,9 @@ class GmailAskModel : public QObject {
     explicit GmailAskModel(AppState& state);
 
     void refresh();
+    /// Nothing is to stand over the screen now. The session's question stays open and begins anew
+    /// with the next refresh.
+    void leave();
 
     bool asked() const { return account_.has_value(); }
     QString symbol() const;

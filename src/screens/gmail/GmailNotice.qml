@@ -15,7 +15,7 @@ Rectangle {
     implicitHeight: body.implicitHeight + Theme.space3 + Theme.space2
     visible: model.shown
     radius: Theme.cardRadius
-    color: Theme.wash(root.tint, Theme.dark ? 0.1 : 0.14)
+    color: Theme.wash(root.tint, Theme.barStrength)
     border.width: 1
     border.color: Theme.wash(root.tint, 0.3)
 

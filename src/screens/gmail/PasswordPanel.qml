@@ -44,7 +44,7 @@ Rectangle {
             Layout.fillWidth: true
             implicitHeight: warning.implicitHeight + 2 * Theme.space3
             radius: Theme.buttonRadius
-            color: Theme.wash(Theme.orange, Theme.dark ? 0.12 : 0.16)
+            color: Theme.wash(Theme.orange, Theme.barStrength)
             border.width: 1
             border.color: Theme.wash(Theme.orange, 0.3)
 

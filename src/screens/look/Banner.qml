@@ -16,7 +16,7 @@ Rectangle {
 
     implicitHeight: Math.max(48, words.implicitHeight + 2 * Theme.space3)
     radius: Theme.cardRadius
-    color: Theme.wash(root.tint, Theme.dark ? 0.12 : 0.16)
+    color: Theme.wash(root.tint, Theme.barStrength)
     border.width: 1
     border.color: Theme.wash(root.tint, 0.3)
 
@@ -48,7 +48,8 @@ Rectangle {
                 text: root.text
                 size: Theme.rowSize
                 color: root.title === "" ? Theme.ink : Theme.ink2
-                wrapMode: Text.WordWrap
+                // A folder's name may be one long word.
+                wrapMode: Text.Wrap
             }
             Txt {
                 objectName: root.objectName + "Trouble"
@@ -57,7 +58,7 @@ Rectangle {
                 text: root.trouble
                 size: Theme.rowSize
                 color: Theme.orangeInk
-                wrapMode: Text.WordWrap
+                wrapMode: Text.Wrap
             }
         }
         Row {

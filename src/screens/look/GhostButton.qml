@@ -22,8 +22,9 @@ T.Button {
     background: Rectangle {
         radius: Theme.buttonRadius
         color: root.down ? Theme.press
-             : root.hovered ? (root.boxed ? Theme.wash(root.tint, 0.24) : Theme.hover)
-             : root.boxed ? Theme.wash(root.tint, 0.16) : "transparent"
+             : root.boxed ? Theme.wash(root.tint, root.hovered ? Theme.boxHoverStrength
+                                                               : Theme.boxStrength)
+             : root.hovered ? Theme.hover : "transparent"
 
         FocusRing {
             control: root

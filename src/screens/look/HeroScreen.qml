@@ -20,7 +20,7 @@ FocusScope {
         anchors.horizontalCenter: parent.horizontalCenter
         y: column.y + 40 - height / 2
         size: 900
-        tint: Theme.wash(root.tint, Theme.dark ? 0.2 : 0.3)
+        tint: Theme.wash(root.tint, Theme.glowStrength)
     }
     ColumnLayout {
         id: column

@@ -10,6 +10,7 @@ T.ComboBox {
     required property ChoicesModel choices
     required property string label
     property string help: ""
+    readonly property bool truncated: (contentItem as Txt)?.truncated ?? false
     signal asked(int index)
 
     implicitWidth: 200
@@ -70,7 +71,7 @@ T.ComboBox {
     }
     HelpSpot {
         control: root
-        text: root.help
+        text: root.help !== "" ? root.help : root.truncated ? root.displayText : ""
         wanted: !root.popup.visible
                 && (root.hovered || (root.activeFocus && Theme.keyboardLeads))
     }

@@ -29,7 +29,7 @@ T.ProgressBar {
 
             Behavior on share {
                 NumberAnimation {
-                    duration: 300
+                    duration: Theme.slow
                     easing.type: Easing.OutQuad
                 }
             }

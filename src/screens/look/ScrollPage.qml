@@ -12,17 +12,34 @@ Flickable {
     property real covered: 0
     readonly property bool settled: !glide.running
     readonly property Item focusItem: Window.activeFocusItem
+    // Frames for which the page still sees to it that what the keyboard came to is in sight: what
+    // opens above it at the same moment gets its place with the next one or two.
+    property int owed: 0
     default property alias content: body.data
 
     contentHeight: page.height
     boundsBehavior: Flickable.StopAtBounds
 
-    onFocusItemChanged: root.follow()
+    onFocusItemChanged: {
+        root.follow();
+        root.owed = 2;
+    }
+    onMovementStarted: root.owed = 0
     onCoveredChanged: root.follow()
     onContentYChanged: Help.defer()
 
     T.ScrollBar.vertical: SectionScrollBar {}
 
+    Connections {
+        target: root.Window.window
+        enabled: root.owed > 0
+
+        // All has its place by then.
+        function onAfterAnimating(): void {
+            root.owed -= 1;
+            root.follow();
+        }
+    }
     NumberAnimation {
         id: glide
 
@@ -64,12 +81,14 @@ Flickable {
 
     // Brings all of an item into sight, or else its top.
     function reveal(item: Item): void {
+        root.owed = 0;
         glide.to = root.placeFor(item);
         glide.restart();
     }
 
     // Goes along with what moved on the page, so that it stays where it is in the window.
     function shift(by: real): void {
+        root.owed = 0;
         glide.stop();
         root.contentY = Math.max(0, root.contentY + by);
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Brindlet.Screens
 
-// Turns while something is under way; says nothing itself.
+// Turns while something is under way, or stands where nothing may move; says nothing itself.
 Ring {
     id: root
 
@@ -16,11 +16,11 @@ Ring {
     value: 0.3
 
     RotationAnimation on rotation {
-        running: root.visible
+        running: root.visible && !Theme.still
         loops: Animation.Infinite
         from: 0
         to: 360
-        duration: 900
+        duration: Theme.turn
     }
 
     Accessible.ignored: true

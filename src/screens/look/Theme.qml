@@ -5,6 +5,8 @@ import QtQuick
 // exact tints as washes only and writes in darker inks of the same hue, for the contrast.
 QtObject {
     property bool dark: true
+    // The person wants nothing to move: what would is at its end at once.
+    property bool still: false
     // The focus shows to those who steer by the keyboard.
     property bool keyboardLeads: false
 
@@ -35,8 +37,14 @@ QtObject {
     readonly property color greenInk: dark ? green : "#136d44"
     // Text on a full tint, in both looks.
     readonly property color onTint: "#191327"
-    // How much of a tint washes a pill, a bar or a chosen row.
-    readonly property real washStrength: dark ? 0.14 : 0.22
+    // How much of a tint washes a pill or a chosen row, a bar across the page, a button, and one
+    // under the pointer. What is written there must stand out from it by 4.5 to 1.
+    readonly property real washStrength: dark ? 0.14 : 0.2
+    readonly property real barStrength: dark ? 0.1 : 0.14
+    readonly property real boxStrength: dark ? 0.13 : 0.11
+    readonly property real boxHoverStrength: dark ? 0.19 : 0.17
+    // And how much of it lights the middle of a page.
+    readonly property real glowStrength: dark ? 0.2 : 0.3
 
     readonly property string family: "Inter"
     readonly property int displaySize: 34
@@ -65,9 +73,12 @@ QtObject {
     readonly property int barRadius: 16
     readonly property int sheetRadius: 20
 
-    readonly property int quick: 120
-    readonly property int steady: 220
-    readonly property int calm: 260
+    readonly property int quick: still ? 0 : 120
+    readonly property int steady: still ? 0 : 220
+    readonly property int calm: still ? 0 : 260
+    readonly property int slow: still ? 0 : 300
+    // Once round, of what turns while something is under way.
+    readonly property int turn: 900
     // How soon after the first click of a double one the second may come.
     readonly property int doubleClick: 400
     // How long the pointer rests on a control before its help stands.

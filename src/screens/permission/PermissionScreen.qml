@@ -11,6 +11,7 @@ HeroScreen {
     symbol: model.symbol
     title: model.title
     text: model.text
+    textWidth: 560
     tint: Theme.blue
     ink: Theme.blueInk
 
@@ -18,9 +19,9 @@ HeroScreen {
 
     Card {
         Layout.alignment: Qt.AlignHCenter
-        Layout.topMargin: Theme.space5
-        implicitWidth: 470
-        implicitHeight: steps.implicitHeight + 2 * Theme.space4
+        Layout.topMargin: Theme.space6
+        implicitWidth: 440
+        implicitHeight: steps.implicitHeight + 2 * Theme.space5
 
         ColumnLayout {
             id: steps
@@ -28,10 +29,12 @@ HeroScreen {
             anchors.left: parent.left
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            anchors.margins: Theme.space4
-            spacing: Theme.space3
+            anchors.margins: Theme.space5
+            spacing: Theme.space5
 
             Repeater {
+                id: list
+
                 model: root.model.steps
 
                 Step {
@@ -39,6 +42,8 @@ HeroScreen {
 
                     Layout.fillWidth: true
                     number: index + 1
+                    followed: number < list.count
+                    gap: steps.spacing
                 }
             }
         }

@@ -23,7 +23,6 @@ Item {
 
     width: list ? list.width : 0
     implicitHeight: 56
-    opacity: selectable ? 1 : 0.55
 
     Rectangle {
         anchors.fill: parent
@@ -40,6 +39,11 @@ Item {
     HoverHandler {
         id: hover
     }
+    HelpSpot {
+        control: root
+        text: label.truncated ? root.name : ""
+        wanted: hover.hovered
+    }
     RowLayout {
         anchors.fill: parent
         anchors.leftMargin: 18
@@ -48,6 +52,7 @@ Item {
 
         Symbol {
             symbol: root.selected ? "largecircle.fill.circle" : "circle"
+            opacity: root.selectable ? 1 : 0.45
             color: root.selected ? Theme.lavenderInk : Theme.ink3
         }
         ColumnLayout {
@@ -58,10 +63,15 @@ Item {
                 spacing: Theme.space2
 
                 Txt {
+                    id: label
+
                     // The tag keeps its place; a long name gives way.
                     Layout.maximumWidth: root.width - 290
                     text: root.name
-                    weight: Font.DemiBold
+                    weight: root.selectable ? Font.DemiBold : Font.Normal
+                    color: root.selectable ? Theme.ink : Theme.ink3
+                    horizontalAlignment: Text.AlignLeft
+                    maximumLineCount: 1
                     elide: Text.ElideMiddle
                     Accessible.ignored: true
                 }
@@ -102,7 +112,7 @@ Item {
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.name
     Accessible.description: root.description
-    Accessible.checkable: true
+    Accessible.checkable: root.selectable
     Accessible.checked: root.selected
     Accessible.onPressAction: root.list.rowChosen(root.index)
 }

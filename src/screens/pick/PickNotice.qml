@@ -17,6 +17,7 @@ Item {
         spacing: 0
 
         Spinner {
+            objectName: "finding"
             Layout.alignment: Qt.AlignHCenter
             visible: root.finding
             size: 36
@@ -38,6 +39,7 @@ Item {
             Accessible.name: text
         }
         Txt {
+            objectName: "noticeText"
             Layout.fillWidth: true
             Layout.topMargin: Theme.space2
             horizontalAlignment: Text.AlignHCenter

@@ -53,6 +53,9 @@ FocusScope {
                 help: root.model.dismissName
                 onClicked: root.model.dismissVanished()
             }
+
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: root.model.vanished
         }
         GmailNotice {
             Layout.fillWidth: true

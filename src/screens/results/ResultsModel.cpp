@@ -98,6 +98,14 @@ QString ResultsModel::historyLabel() const {
     return qtText(words_.history);
 }
 
+QString ResultsModel::automaticSymbol() const {
+    return qtText(words_.automaticSymbol);
+}
+
+QString ResultsModel::automaticLabel() const {
+    return qtText(words_.automatic);
+}
+
 QString ResultsModel::nothing() const {
     return qtText(words_.nothing);
 }
@@ -148,6 +156,10 @@ void ResultsModel::openRules() {
 
 void ResultsModel::openHistory() {
     state_.navigate(AppState::Screen::history);
+}
+
+void ResultsModel::openAutomatic() {
+    state_.navigate(AppState::Screen::automatic);
 }
 
 const CategoryRows* ResultsModel::category(int row) const {

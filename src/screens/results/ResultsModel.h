@@ -34,6 +34,8 @@ class ResultsModel : public QObject {
     Q_PROPERTY(QString rulesLabel READ rulesLabel NOTIFY wordsChanged)
     Q_PROPERTY(QString historySymbol READ historySymbol NOTIFY wordsChanged)
     Q_PROPERTY(QString historyLabel READ historyLabel NOTIFY wordsChanged)
+    Q_PROPERTY(QString automaticSymbol READ automaticSymbol NOTIFY wordsChanged)
+    Q_PROPERTY(QString automaticLabel READ automaticLabel NOTIFY wordsChanged)
     Q_PROPERTY(QString nothing READ nothing NOTIFY wordsChanged)
     Q_PROPERTY(bool stopped READ stopped NOTIFY wordsChanged)
     Q_PROPERTY(QString stoppedSymbol READ stoppedSymbol NOTIFY wordsChanged)
@@ -68,6 +70,8 @@ class ResultsModel : public QObject {
     QString rulesLabel() const;
     QString historySymbol() const;
     QString historyLabel() const;
+    QString automaticSymbol() const;
+    QString automaticLabel() const;
     QString nothing() const;
     bool stopped() const { return words_.scanError.has_value(); }
     QString stoppedSymbol() const;
@@ -90,6 +94,7 @@ class ResultsModel : public QObject {
     Q_INVOKABLE void scanAnother();
     Q_INVOKABLE void openRules();
     Q_INVOKABLE void openHistory();
+    Q_INVOKABLE void openAutomatic();
     /// Opens the category in that row, or closes it when it is open.
     Q_INVOKABLE void toggleCategory(int row);
     /// Ticks the whole category in that row, or unticks it when all of it is ticked.

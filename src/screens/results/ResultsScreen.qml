@@ -137,6 +137,12 @@ FocusScope {
                 text: root.model.historyLabel
                 onClicked: root.model.openHistory()
             }
+            GhostButton {
+                objectName: "automatic"
+                symbol: root.model.automaticSymbol
+                text: root.model.automaticLabel
+                onClicked: root.model.openAutomatic()
+            }
         }
         ColumnLayout {
             Layout.fillWidth: true

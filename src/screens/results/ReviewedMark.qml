@@ -13,7 +13,8 @@ Rectangle {
     implicitHeight: 18
     radius: height / 2
     visible: text !== ""
-    color: !leads ? Theme.press : Theme.wash(Theme.blue, hover.hovered ? 0.3 : Theme.washStrength)
+    color: !leads ? Theme.press
+         : Theme.wash(Theme.blue, hover.hovered ? Theme.boxHoverStrength : Theme.boxStrength)
 
     HoverHandler {
         id: hover

@@ -14,7 +14,7 @@ FocusScope {
         anchors.horizontalCenter: parent.horizontalCenter
         y: column.y + 116 - height / 2
         size: 760
-        tint: Theme.wash(Theme.blue, Theme.dark ? 0.13 : 0.22)
+        tint: Theme.wash(Theme.blue, 0.7 * Theme.glowStrength)
     }
     ColumnLayout {
         id: column
@@ -35,7 +35,7 @@ FocusScope {
 
             Behavior on value {
                 NumberAnimation {
-                    duration: 300
+                    duration: Theme.slow
                     easing.type: Easing.OutQuad
                 }
             }

@@ -4,6 +4,21 @@
 #include "session/AppState.h"
 
 namespace brindlet::screens {
+namespace {
+
+AppState::Screen screenOf(HomeLink::To to) {
+    switch (to) {
+        case HomeLink::To::history:
+            return AppState::Screen::history;
+        case HomeLink::To::rules:
+            return AppState::Screen::rules;
+        case HomeLink::To::automatic:
+            break;
+    }
+    return AppState::Screen::automatic;
+}
+
+}  // namespace
 
 WelcomeModel::WelcomeModel(AppState& state) : state_(state), resume_(state) {
     std::vector<LinesModel::Line> badges;
@@ -45,9 +60,7 @@ void WelcomeModel::start() {
 
 void WelcomeModel::follow(int link) {
     if (link < 0 || static_cast<std::size_t>(link) >= homeLinks_.size()) return;
-    const auto to = homeLinks_[static_cast<std::size_t>(link)].to;
-    state_.navigate(to == HomeLink::To::rules ? AppState::Screen::rules
-                                              : AppState::Screen::history);
+    state_.navigate(screenOf(homeLinks_[static_cast<std::size_t>(link)].to));
 }
 
 }  // namespace brindlet::screens

@@ -19,6 +19,13 @@ if(BRINDLET_WERROR)
   add_compile_options(-Werror)
 endif()
 
+# What people get defends itself as Debian's own programs do; its compilers make them
+# position-independent by themselves.
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT BRINDLET_SANITIZE)
+  add_compile_options(-fstack-protector-strong -D_FORTIFY_SOURCE=2)
+  add_link_options(-Wl,-z,relro,-z,now)
+endif()
+
 if(BRINDLET_SANITIZE)
   add_compile_options(-fsanitize=${BRINDLET_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${BRINDLET_SANITIZE})

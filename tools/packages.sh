@@ -12,10 +12,13 @@ build_packages=(
 # The lint of the QML reads the types of one module more than the program loads.
 # strace kills the program at chosen system calls, to see what becomes of a move; elfutils tells
 # what a stalled one stands at.
-# The last three are a desktop that nobody sees, for the program as a screen reader finds it.
+# The third line is a desktop that nobody sees, for the program as a screen reader finds it; the
+# last packs the programs, and checks what a desktop reads of them.
 test_packages=(
     libgtest-dev curl python3 qml6-module-qtqml-models strace valgrind
-    elfutils xvfb dbus-daemon at-spi2-core
+    elfutils
+    xvfb dbus-daemon at-spi2-core
+    dpkg-dev desktop-file-utils appstream
 )
 full_packages=(clang-19 lld-19 llvm-19 libclang-rt-19-dev)
 

@@ -224,30 +224,31 @@ void ScreenReader::press(const Thing& thing) const {
 }
 
 void ScreenReader::movePointer(int x, int y) const {
+    if (testing::Test::HasFailure()) return;
     tellController(QStringLiteral("GenerateMouseEvent"), {x, y, QStringLiteral("abs")});
 }
 
 void ScreenReader::strike(int key) const {
     constexpr uint bySymbol = 3;
-    generate(key, bySymbol);
+    strike(key, bySymbol);
 }
 
 void ScreenReader::strikeWithControl(int key) const {
     constexpr uint lock = 5;
     constexpr uint unlock = 6;
     constexpr int control = 4;
-    generate(control, lock);
+    strike(control, lock);
     strike(key);
-    generate(control, unlock);
+    strike(control, unlock);
 }
 
-void ScreenReader::generate(int number, uint kind) const {
+void ScreenReader::strike(int number, uint kind) const {
+    if (testing::Test::HasFailure()) return;
     tellController(QStringLiteral("GenerateKeyboardEvent"), {number, QString(), kind});
 }
 
 /// What the mouse and the keyboard are worked by.
 void ScreenReader::tellController(const QString& member, const QVariantList& arguments) const {
-    if (testing::Test::HasFailure()) return;
     const auto answer = bus_.call(
         question(registry, QStringLiteral("/org/a11y/atspi/registry/deviceeventcontroller"),
                  QStringLiteral("org.a11y.atspi.DeviceEventController"), member, arguments));

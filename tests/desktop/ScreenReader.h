@@ -78,8 +78,8 @@ class ScreenReader {
 
   private:
     Questions ask(const QString& path) const;
+    void strike(int number, uint kind) const;
     void tellController(const QString& member, const QVariantList& arguments) const;
-    void generate(int number, uint kind) const;
 
     QDBusConnection bus_;
     QString application_;

@@ -35,8 +35,8 @@ QString senderOf(const Thing& message) {
 
 Visit::Visit(int messages, const QStringList& options)
     : messages_(messages),
-      options_(options),
-      program_(QStringLiteral(BRINDLET_DEMO), arguments(), forWindows(desktop_.environment()),
+      program_(QStringLiteral(BRINDLET_DEMO), arguments() + options,
+               forWindows(desktop_.environment()),
                desktop_.folder() + QStringLiteral("/program.log")),
       reader_(desktop_.accessibility(), program_.pid()) {
     EXPECT_EQ(desktop_.problem().toStdString(), "");
@@ -51,9 +51,8 @@ Visit::~Visit() {
 }
 
 QStringList Visit::arguments() const {
-    return QStringList{QStringLiteral("--messages"), QString::number(messages_),
-                       QStringLiteral("--keep"), desktop_.folder() + QStringLiteral("/demo")} +
-           options_;
+    return {QStringLiteral("--messages"), QString::number(messages_), QStringLiteral("--keep"),
+            desktop_.folder() + QStringLiteral("/demo")};
 }
 
 std::unique_ptr<Child> Visit::startAgain() const {

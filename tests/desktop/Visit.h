@@ -43,7 +43,6 @@ class Visit {
     QStringList arguments() const;
 
     int messages_;
-    QStringList options_;
     Desktop desktop_;
     Child program_;
     ScreenReader reader_;

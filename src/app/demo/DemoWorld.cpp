@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "app/demo/ScriptHost.h"
 #include "base/Files.h"
 #include "models/ChosenModel.h"
 #include "sample/MailPresence.h"
@@ -14,11 +15,9 @@
 namespace brindlet::demo {
 namespace {
 
-/// A program that was built into the same folder as this one.
-std::string besideThisProgram(const char* name) {
+std::string ownFolder() {
     std::error_code error;
-    const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
-    return (self.parent_path() / name).string();
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
 std::unique_ptr<LanguageModel> modelBy(UserDefaults& defaults, const std::string& server,
@@ -76,7 +75,7 @@ DemoWorld::DemoWorld(const std::string& root, const std::string& modelServer,
       model(modelBy(defaults, modelServer, modelServerName)),
       desktop(directories.home()),
       runningApps(directories.home()),
-      scriptHost(besideThisProgram("osascript")) {
+      scriptHost(scriptHostFor(ownFolder())) {
     ::setenv(sample::sampleHomeVariable, directories.home().c_str(), 1);
     defaults.setBoolean("allowUIMove", true);
 }

@@ -94,7 +94,7 @@ struct DemoWorld {
     LinuxDiagnostics diagnostics{processes, clock};
     sample::SimulatedApps runningApps;
     MemoryKeyStore keys;
-    /// The stand-in that lies beside this program; no script ever reaches the person's own mail
+    /// The stand-in that came with this program; no script ever reaches the person's own mail
     /// program.
     std::string scriptHost;
 };

@@ -62,6 +62,8 @@ int runDemo(const Options& options, DemoWorld& world, SingleInstance& instance) 
     LocalGmail tls(gmail.server->port(), gmail.server->authority());
     tellAppPasswords(world.directories.home());
     prepareToolkit();
+    // The desktop knows the demo by an entry of its own.
+    QGuiApplication::setDesktopFileName(QStringLiteral("brindlet-demo"));
     QtMainQueue queue;
     const auto state =
         AppState::make({world.clock, world.directories, queue, world.defaults, world.model,

@@ -8,7 +8,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "screens/Stage.h"
@@ -109,8 +108,7 @@ class Contrast : public ::testing::TestWithParam<bool> {
             EXPECT_GE(contrast(written, ground), 4.5) << ink << ", " << name;
         }
     }
-    /// How much of its light is left where the first words of a page stand below a hero, and where
-    /// its pills do.
+    /// A page by the light of a hero, as much of it as is left there.
     Grounds lit(double left) const {
         Grounds all;
         for (const auto& tint : tints)
@@ -130,6 +128,7 @@ class Contrast : public ::testing::TestWithParam<bool> {
 
     Stage stage_;
     const Look look_{stage_, GetParam()};
+    /// The light is brightest where the first words stand below the hero.
     static constexpr double wordsOfAHero = 0.7;
     static constexpr double pillsOfAHero = 0.3;
 };

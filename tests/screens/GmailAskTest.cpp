@@ -27,6 +27,15 @@ TEST(GmailAsk, StandsOverWhatItInterrupts) {
     EXPECT_EQ(*stage.state->screen, AppState::Screen::pick);
 }
 
+TEST(GmailAsk, DoesNotComeWithoutAMailboxToSort) {
+    GmailStage stage;
+    stage.state->folder.set(std::nullopt);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !stage.find(QStringLiteral("sort"))->isEnabled(); }));
+    stage.model().pick()->sort();
+    EXPECT_FALSE(stage.asked());
+    EXPECT_FALSE(*stage.state->running);
+}
+
 TEST(GmailAsk, SortsAtOnceWhatIsNotGmails) {
     Stage stage(scenes::chosenMailbox);
     ASSERT_TRUE(stage.click("sort"));

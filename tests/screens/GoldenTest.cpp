@@ -47,7 +47,7 @@ INSTANTIATE_TEST_SUITE_P(Looks, Golden, ::testing::ValuesIn(looks), [](const aut
 });
 
 TEST_P(Golden, LooksAsItDid) {
-    Stage stage(GetParam().scene);
+    Stage stage(GetParam().scene, Stage::Motion::none);
     stage.model().setDark(GetParam().dark);
     expectGolden(GetParam().name, pictureOf(stage));
     EXPECT_EQ(stage.main->warnings(), QStringList());

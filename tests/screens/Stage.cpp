@@ -26,10 +26,11 @@ QPoint middleOf(const QQuickItem* item) {
 
 }  // namespace
 
-Stage::Stage(const std::function<void(AppState&)>& prepare)
+Stage::Stage(const std::function<void(AppState&)>& prepare, Motion motion)
     : state(AppState::make(world.services(), 1)) {
     if (prepare) prepare(*state);
     main = std::make_unique<MainWindow>(*state, updater);
+    main->model().setStill(motion == Motion::none);
     if (!main->show()) qFatal("the window cannot be made");
     if (!QTest::qWaitForWindowExposed(window())) qFatal("the window is not shown");
     window()->requestActivate();

@@ -18,7 +18,9 @@ namespace brindlet::testing {
 /// name, clicked with the mouse, and typed at.
 class Stage {
   public:
-    explicit Stage(const std::function<void(AppState&)>& prepare = {});
+    enum class Motion { full, none };
+    explicit Stage(const std::function<void(AppState&)>& prepare = {},
+                   Motion motion = Motion::full);
 
     ~Stage();
     Stage(const Stage&) = delete;

@@ -83,7 +83,7 @@ TEST_P(EveryScreen, KeepsItsControlsInsideTheSmallestWindow) {
 
 TEST_P(EveryScreen, IsLegibleWholeAndFreeOfOverlapsInBothLooks) {
     for (const bool dark : {true, false}) {
-        Stage stage(GetParam().second);
+        Stage stage(GetParam().second, Stage::Motion::none);
         stage.model().setDark(dark);
         const auto faults = demo::pictureFaults(*stage.window(), pictureOf(stage));
         EXPECT_TRUE(faults.isEmpty())

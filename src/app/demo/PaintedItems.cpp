@@ -30,8 +30,20 @@ QRectF lettersOf(const QQuickItem& text) {
             size};
 }
 
+/// A row that a list keeps to use again is not painted, though nothing on it says so.
+bool isKeptForLater(QQuickItem& item) {
+    auto* const view = item.parentItem() ? item.parentItem()->parentItem() : nullptr;
+    const auto index = item.property("index");
+    if (!view || !view->inherits("QQuickItemView") || !index.isValid()) return false;
+    QQuickItem* shown = nullptr;
+    QMetaObject::invokeMethod(view, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, shown),
+                              Q_ARG(int, index.toInt()));
+    return shown != &item;
+}
+
 void gather(QQuickItem& item, QRectF clip, qreal opacity, std::vector<PaintedItem>& all) {
-    if (!item.isVisible() || (opacity *= item.opacity()) < leastOpacity) return;
+    if (!item.isVisible() || (opacity *= item.opacity()) < leastOpacity || isKeptForLater(item))
+        return;
     const auto box = QRectF(0, 0, item.width(), item.height());
     PaintedItem painted{&item, {}, {}, opacity};
     painted.place = item.mapRectToScene(painted.isText() ? lettersOf(item) : box);

@@ -42,20 +42,27 @@ Card {
                 weight: Font.DemiBold
                 wrapMode: Text.WordWrap
             }
-            RowLayout {
+            // Placed by hand: a layout that was filled while it did not show keeps the label's place
+            // as narrow as it was then.
+            Item {
                 Layout.fillWidth: true
+                implicitHeight: destination.implicitHeight
                 visible: !root.backwards
-                spacing: Theme.space2
 
                 Txt {
+                    id: lead
+
+                    anchors.verticalCenter: parent.verticalCenter
                     text: root.model.label
                     weight: Font.DemiBold
                     Accessible.ignored: true
                 }
                 DestinationButton {
+                    id: destination
+
                     objectName: "destination"
-                    Layout.fillWidth: true
-                    Layout.maximumWidth: Math.ceil(implicitWidth)
+                    x: Math.ceil(lead.implicitWidth) + Theme.space2
+                    width: Math.min(Math.ceil(implicitWidth), parent.width - x)
                     label: root.model.label
                     text: root.model.destination
                     symbol: root.model.menuSymbol
@@ -72,9 +79,6 @@ Card {
                         widest: 540
                         onAsked: row => root.model.choose(row)
                     }
-                }
-                Item {
-                    Layout.fillWidth: true
                 }
             }
             Txt {

@@ -7,9 +7,9 @@ RowLayout {
 
     required property int number
     required property string text
+    // The next one stands this far below.
     property bool followed: false
-    // How far below the next one stands.
-    property int gap: Theme.space5
+    readonly property int gap: Theme.space5
 
     spacing: Theme.space3
 

@@ -36,14 +36,16 @@ HeroScreen {
                 id: list
 
                 model: root.model.steps
+                onItemAdded: index => {
+                    if (index > 0)
+                        (list.itemAt(index - 1) as Step).followed = true;
+                }
 
                 Step {
                     required property int index
 
                     Layout.fillWidth: true
                     number: index + 1
-                    followed: number < list.count
-                    gap: steps.spacing
                 }
             }
         }

@@ -192,7 +192,9 @@ void PickModel::setSkips(bool skips) {
     state_.refreshInReach();
 }
 
+// A screen reader may press the button while it is off.
 void PickModel::sort() {
+    if (!words_.canSort) return;
     if (state_.askGmailIfNeeded(*state_.account, AppState::GmailThen::scan)) return;
     state_.startScan(std::nullopt, std::nullopt);
 }

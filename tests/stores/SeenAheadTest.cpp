@@ -1,0 +1,34 @@
+#include "stores/SeenAhead.h"
+
+#include <gtest/gtest.h>
+
+#include "stores/Seen.h"
+#include "stores/StoreWorld.h"
+
+namespace brindlet {
+namespace {
+
+TEST(SeenAhead, GivesWhatTheStoreWouldHaveRead) {
+    StoreWorld world;
+    Seen(world.services()).mark({{"a", true}, {"b", false}}, "Home", "INBOX");
+    SeenAhead ahead(world.directories);
+    const Seen seen(world.services(), &ahead);
+    EXPECT_EQ(seen.size(), 2u);
+    EXPECT_EQ(seen.entries(), Seen(world.services()).entries());
+}
+
+TEST(SeenAhead, WithoutAFileOrWithADamagedOneTheListIsEmptyAndCanBeFilled) {
+    StoreWorld world;
+    for (const bool damaged : {false, true}) {
+        SCOPED_TRACE(damaged);
+        if (damaged) world.put("seen.json", R"({"a":)");
+        SeenAhead ahead(world.directories);
+        Seen seen(world.services(), &ahead);
+        EXPECT_EQ(seen.size(), 0u);
+        seen.mark({{"c", true}}, "Home", "INBOX");
+        EXPECT_TRUE(seen.find("c"));
+    }
+}
+
+}  // namespace
+}  // namespace brindlet

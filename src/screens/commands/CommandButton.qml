@@ -34,16 +34,25 @@ GhostButton {
     }
 
     function open(): void {
-        if (root.menu === null)
-            root.menu = menuComponent.createObject(root) as CommandMenu;
+        if (root.menu === null) {
+            root.menu = root.make("CommandMenu.qml", { "model": root.model }) as CommandMenu;
+            // After it has closed and given the keyboard back.
+            root.menu.aboutAsked.connect(() => Qt.callLater(root.tellAbout));
+            root.menu.closed.connect(root.giveBack);
+        }
         root.before = root.Window.activeFocusItem;
         root.menu.showAt(root, Qt.point(root.width - root.menu.width, root.height + 4));
     }
 
     function tellAbout(): void {
         if (root.about === null)
-            root.about = aboutComponent.createObject(root) as AboutSheet;
+            root.about = root.make("AboutSheet.qml", { "model": root.model, "home": root.home })
+                    as AboutSheet;
         root.about.wanted = true;
+    }
+
+    function make(file: string, properties: var): QtObject {
+        return Qt.createComponent(file).createObject(root, properties);
     }
 
     // The toolkit would leave the keyboard nowhere.
@@ -67,25 +76,6 @@ GhostButton {
                     color: Theme.ink2
                 }
             }
-        }
-    }
-
-    Component {
-        id: menuComponent
-
-        CommandMenu {
-            model: root.model
-            // After it has closed and given the keyboard back.
-            onAboutAsked: Qt.callLater(root.tellAbout)
-            onClosed: root.giveBack()
-        }
-    }
-    Component {
-        id: aboutComponent
-
-        AboutSheet {
-            model: root.model
-            home: root.home
         }
     }
 

@@ -52,6 +52,7 @@ struct MailIndex::State {
     Statement dataVersion{database, "PRAGMA data_version"};
     Statement mailboxes{database, "SELECT ROWID, url FROM mailboxes ORDER BY ROWID"};
     Statement addMailbox{database, "INSERT INTO mailboxes (url) VALUES (?1)"};
+    Statement removeMailbox{database, "DELETE FROM mailboxes WHERE ROWID = ?1"};
     Statement messages{database,
                        "SELECT ROWID FROM messages WHERE mailbox = ?1 OR ROWID IN"
                        " (SELECT message_id FROM labels WHERE mailbox_id = ?1)"
@@ -150,6 +151,10 @@ std::vector<MailIndex::Mailbox> MailIndex::mailboxes() {
 
 std::int64_t MailIndex::addMailbox(std::string_view url) {
     return state_->addMailbox.text(1, url).insert();
+}
+
+bool MailIndex::removeMailbox(std::int64_t row) {
+    return state_->removeMailbox.number(1, row).run();
 }
 
 const std::vector<std::int64_t>& MailIndex::messages(std::int64_t mailbox) {

@@ -27,6 +27,8 @@ class MailIndex {
     std::vector<Mailbox> mailboxes();
     /// The new mailbox's row; 0 when there is one of that URL already.
     std::int64_t addMailbox(std::string_view url);
+    /// As if the person had deleted it; its messages are listed nowhere then.
+    bool removeMailbox(std::int64_t row);
 
     /// Row ids of what is filed in the mailbox or labelled with it, newest first. Valid until the
     /// next call.

@@ -51,7 +51,8 @@ Visit::~Visit() {
 }
 
 QStringList Visit::arguments() const {
-    return {QStringLiteral("--messages"), QString::number(messages_), QStringLiteral("--keep"),
+    return {QStringLiteral("--first-time"), QStringLiteral("--messages"),
+            QString::number(messages_), QStringLiteral("--keep"),
             desktop_.folder() + QStringLiteral("/demo")};
 }
 

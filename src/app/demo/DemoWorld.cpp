@@ -20,10 +20,11 @@ std::string ownFolder() {
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
-std::unique_ptr<LanguageModel> modelBy(UserDefaults& defaults, const std::string& server,
-                                       const std::string& name) {
-    if (!server.empty()) defaults.setString("model.server", server);
-    if (!name.empty()) defaults.setString("model.server.name", name);
+std::unique_ptr<LanguageModel> modelBy(UserDefaults& defaults, const WorldSettings& settings) {
+    if (settings.withoutModel) return nullptr;
+    if (!settings.modelServer.empty()) defaults.setString("model.server", settings.modelServer);
+    if (!settings.modelServerName.empty())
+        defaults.setString("model.server.name", settings.modelServerName);
     auto chosen = chosenModel(defaults);
     if (!chosen.problem.empty()) std::fprintf(stderr, "%s\n", chosen.problem.c_str());
     return std::move(chosen.model);
@@ -35,13 +36,18 @@ DemoDirectories::DemoDirectories(std::string root) : root_(std::move(root)) {
     for (const auto& folder : {home(), temporary(), store()}) files::createDirectories(folder);
 }
 
+void SayingDesktop::say(const std::string& sentence) const {
+    std::fprintf(stderr, "%s\n", sentence.c_str());
+    if (listener_) listener_(sentence);
+}
+
 void SayingDesktop::openLink(const std::string& url) {
-    std::fprintf(stderr, "would open %s\n", url.c_str());
+    say("Would open " + url);
     if (url == googlePages::appPasswords) tellAppPasswords(home_);
 }
 
 void SayingDesktop::openDiskAccessSettings() {
-    std::fprintf(stderr, "would open the system's settings for access to the disk\n");
+    say("Would open the system's settings for access to the disk");
 }
 
 void SayingDesktop::openSettings() {
@@ -49,12 +55,12 @@ void SayingDesktop::openSettings() {
 }
 
 void SayingDesktop::openMail() {
-    std::fprintf(stderr, "would open the mail program\n");
+    say("Opened the simulated mail program");
     sample::launchMail(home_);
 }
 
-std::unique_ptr<Power::Activity> PluggedPower::keepAwake(const std::string&) {
-    return std::make_unique<Activity>();
+ModelAvailability PacedModel::availability() const {
+    return model_ ? model_->availability() : ModelAvailability::deviceNotEligible;
 }
 
 std::optional<LanguageModel::Answer> PacedModel::respond(const std::string& instructions,
@@ -62,6 +68,7 @@ std::optional<LanguageModel::Answer> PacedModel::respond(const std::string& inst
                                                          const std::string& prompt,
                                                          const ModelOptions& options) {
     constexpr double leastSeconds = 0.015;
+    if (!model_) return std::nullopt;
     const auto start = std::chrono::steady_clock::now();
     auto answer = model_->respond(instructions, schema, prompt, options);
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
@@ -69,10 +76,10 @@ std::optional<LanguageModel::Answer> PacedModel::respond(const std::string& inst
     return answer;
 }
 
-DemoWorld::DemoWorld(const std::string& root, const std::string& modelServer,
-                     const std::string& modelServerName)
+DemoWorld::DemoWorld(const std::string& root, const WorldSettings& settings)
     : directories(root),
-      model(modelBy(defaults, modelServer, modelServerName)),
+      model(modelBy(defaults, settings)),
+      power(root + "/power.txt", settings.onBattery),
       desktop(directories.home()),
       runningApps(directories.home()),
       scriptHost(scriptHostFor(ownFolder())) {

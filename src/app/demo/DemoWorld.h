@@ -1,15 +1,15 @@
 #pragma once
 
-#include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
 
 #include "app/demo/DemoGmail.h"
+#include "app/demo/DemoPower.h"
 #include "platform/Desktop.h"
 #include "platform/Directories.h"
 #include "platform/LanguageModel.h"
-#include "platform/Power.h"
 #include "platform/linux/FileUserDefaults.h"
 #include "platform/linux/LinuxDiagnostics.h"
 #include "platform/linux/SystemClock.h"
@@ -33,10 +33,15 @@ class DemoDirectories : public Directories {
     std::string root_;
 };
 
-/// Opens nothing of the person's; says on standard error what it would have opened.
+/// Opens nothing of the person's; says what it would have opened, on standard error and to whoever
+/// listens.
 class SayingDesktop : public Desktop {
   public:
     explicit SayingDesktop(std::string home) : home_(std::move(home)) {}
+
+    using Listener = std::function<void(const std::string& sentence)>;
+    /// An empty one ends it.
+    void setListener(Listener listener) { listener_ = std::move(listener); }
 
     /// Of Google's page for app passwords it also says what would be made there.
     void openLink(const std::string& url) override;
@@ -46,27 +51,19 @@ class SayingDesktop : public Desktop {
     void openMail() override;
 
   private:
+    void say(const std::string& sentence) const;
+
     std::string home_;
-};
-
-/// A machine whose plug the tour can pull.
-class PluggedPower : public Power {
-  public:
-    bool onBattery() const override { return battery_; }
-    std::unique_ptr<Activity> keepAwake(const std::string& reason) override;
-    void setOnBattery(bool battery) { battery_ = battery; }
-
-  private:
-    std::atomic<bool> battery_ = false;
+    Listener listener_;
 };
 
 /// A model that takes its time: by itself the one inside would have the sample sorted before
-/// anybody saw the ring fill.
+/// anybody saw the ring fill. Without a model it is one that the machine does not have.
 class PacedModel : public LanguageModel {
   public:
     explicit PacedModel(std::unique_ptr<LanguageModel> model) : model_(std::move(model)) {}
 
-    ModelAvailability availability() const override { return model_->availability(); }
+    ModelAvailability availability() const override;
     std::optional<Answer> respond(const std::string& instructions, const ModelSchema& schema,
                                   const std::string& prompt, const ModelOptions& options) override;
 
@@ -74,13 +71,21 @@ class PacedModel : public LanguageModel {
     const std::unique_ptr<LanguageModel> model_;
 };
 
+/// What of a demo's world is up to whoever starts it.
+struct WorldSettings {
+    /// A model server on this machine; the model inside when empty.
+    std::string modelServer;
+    std::string modelServerName;
+    bool withoutModel = false;
+    bool onBattery = false;
+};
+
 /// The adapters of the demo: all that a person could miss is of its own, the rest is real.
 struct DemoWorld {
     /// Made before any thread: it tells the processes that this one starts which home is their
     /// mail's, by the environment. A model server that is named but does not count is told of on
     /// standard error.
-    explicit DemoWorld(const std::string& root, const std::string& modelServer = {},
-                       const std::string& modelServerName = {});
+    explicit DemoWorld(const std::string& root, const WorldSettings& settings = {});
 
     DemoDirectories directories;
     SystemClock clock;
@@ -88,7 +93,7 @@ struct DemoWorld {
     /// In memory, and with the mail program's menu allowed, so that a move on Gmail can be seen.
     FileUserDefaults defaults;
     PacedModel model;
-    PluggedPower power;
+    DemoPower power;
     SayingDesktop desktop;
     PosixProcessRunner processes;
     LinuxDiagnostics diagnostics{processes, clock};

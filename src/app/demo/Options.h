@@ -2,7 +2,11 @@
 
 #include <QSize>
 #include <cstdint>
+#include <optional>
 #include <string>
+
+#include "app/demo/DemoWorld.h"
+#include "app/demo/Visit.h"
 
 namespace brindlet::demo {
 
@@ -12,11 +16,13 @@ struct Options {
     std::string keep;
     /// Where the tour puts its pictures; no tour when empty.
     std::string tour;
-    /// A model server on this machine; the model inside when empty.
-    std::string modelServer;
-    std::string modelServerName;
+    /// The one visit of the tour to be played; all of them, each by a process of its own, without.
+    std::optional<Visit> visit;
+    WorldSettings world;
+    /// Nothing was ever sorted before.
+    bool firstTime = false;
+    bool withoutAccounts = false;
     bool light = false;
-    bool onBattery = false;
     QSize size;
     bool help = false;
     /// What was not understood; empty when all was.

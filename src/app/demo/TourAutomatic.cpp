@@ -24,7 +24,7 @@ void Tour::openAutomatic() {
     });
     step(QStringLiteral("the schedule is off, and there is nothing but its switch"),
          [this] { return !hand_.find(QStringLiteral("mailboxes")); });
-    picture(QStringLiteral("automatic-off"));
+    picture(QStringLiteral("automatic-off"), {"automatic"});
 }
 
 void Tour::setSchedule() {
@@ -34,7 +34,8 @@ void Tour::setSchedule() {
             return false;
         return state_.schedule.enabled() && !main_.model().automatic()->canRun();
     });
-    picture(QStringLiteral("automatic-nothing-picked"));
+    picture(QStringLiteral("automatic-nothing-picked"),
+            {"automatic.nonePicked", "automatic.often", "automatic.modes", "automatic.now"});
     step(QStringLiteral("open the first account and tick its inbox, by keyboard"), [this] {
         if (!hand_.tabTo(QStringLiteral("mailboxes"))) return false;
         hand_.press(Qt::Key_Right);
@@ -43,7 +44,7 @@ void Tour::setSchedule() {
         return hand_.await([this] { return main_.model().automatic()->canRun(); }) &&
                state_.schedule.watched().size() == 1;
     });
-    picture(QStringLiteral("automatic-picked"));
+    picture(QStringLiteral("automatic-picked"), {"automatic.account", "automatic.mailboxes"});
     step(QStringLiteral("every hour instead of once a day, by keyboard"), [this] {
         if (!hand_.tabTo(QStringLiteral("cadence2"))) return false;
         hand_.press(Qt::Key_Home);
@@ -62,7 +63,12 @@ void Tour::losePickedMailbox() {
         state_.schedule.toggle(state_.schedule.watched().front().account, "Old newsletters");
         return hand_.await([this] { return hand_.find(QStringLiteral("goneBar")); });
     });
-    picture(QStringLiteral("automatic-gone"));
+    picture(QStringLiteral("automatic-gone"), {"automatic.gone"});
+    step(QStringLiteral("nor is another"), [this] {
+        state_.schedule.toggle(state_.schedule.watched().front().account, "Old receipts");
+        return hand_.rest();
+    });
+    picture(QStringLiteral("automatic-gone-some"), {"automatic.goneSome"});
     step(QStringLiteral("click Remove them: the other stays"), [this] {
         return hand_.click(QStringLiteral("removeGone")) &&
                hand_.await([this] { return !hand_.find(QStringLiteral("goneBar")); }) &&
@@ -77,7 +83,7 @@ void Tour::runNow() {
                    hand_.find(QStringLiteral("resultsTitle"));
         });
     });
-    picture(QStringLiteral("automatic-results"));
+    picture(QStringLiteral("automatic-results"), {"results.automatic"});
     step(QStringLiteral("click Automatic on: the summary tells when it runs next"), [this] {
         if (!hand_.click(QStringLiteral("automatic")) ||
             !hand_.await([this] { return hand_.find(QStringLiteral("summary")); }))
@@ -99,7 +105,7 @@ void Tour::automaticFromWelcome() {
         }
         return hand_.await([this] { return hand_.find(QStringLiteral("start")) != nullptr; });
     });
-    picture(QStringLiteral("automatic-welcome"));
+    picture(QStringLiteral("automatic-welcome"), {"welcome.automatic.one"});
 }
 
 }  // namespace brindlet::demo

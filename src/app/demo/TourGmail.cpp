@@ -36,6 +36,7 @@ void Tour::gmail() {
          [this] { return setGmailDelay(0); });
     putBackOnGmail();
     disconnectGmail();
+    declineGmail();
 }
 
 std::string Tour::appPassword() const {
@@ -70,17 +71,58 @@ void Tour::chooseGmail() {
                    *state_.inReach == (*state_.folder)->count;
         });
     });
-    picture(QStringLiteral("gmail-pick"));
+    picture(QStringLiteral("gmail-pick"), {"gmail.apart", "gmail.closed", "intent.label"});
     step(QStringLiteral("open the menu of where junk will go, by keyboard"), [this] {
         if (!hand_.tabTo(QStringLiteral("destination"))) return false;
         hand_.press(Qt::Key_Space);
         return hand_.await([this] { return isOpaque(hand_.find(QStringLiteral("destination0"))); });
     });
-    picture(QStringLiteral("gmail-destinations"));
+    picture(QStringLiteral("gmail-destinations"), {"intent.entrySpam"});
     step(QStringLiteral("leave it with Escape"), [this] {
         hand_.press(Qt::Key_Escape);
         return hand_.await([this] { return !hand_.find(QStringLiteral("destination0")); });
     });
+    spamDestination();
+}
+
+void Tour::takeDestination(const char* ending) {
+    step(QStringLiteral("open the menu of where junk will go, and take the entry that ends in ") +
+             QString::fromUtf8(ending),
+         [&] {
+             const auto entry = [&]() -> QString {
+                 for (int i = 0;; ++i) {
+                     const auto name = QStringLiteral("destination%1").arg(i);
+                     const auto* const item = hand_.find(name);
+                     if (!item) return {};
+                     const auto text = item->property("text").toString();
+                     if (text.endsWith(QString::fromUtf8(ending))) return name;
+                 }
+             };
+             return hand_.click(QStringLiteral("destination")) &&
+                    hand_.await([&] { return !entry().isEmpty(); }) && hand_.click(entry()) &&
+                    hand_.await([&] { return entry().isEmpty(); });
+         });
+}
+
+void Tour::newDestination() {
+    step(QStringLiteral("open the menu of where junk will go"), [this] {
+        return hand_.click(QStringLiteral("destination")) &&
+               hand_.await([this] { return isOpaque(hand_.find(QStringLiteral("destination0"))); });
+    });
+    picture(QStringLiteral("destinations"), {"intent.entryNew", "intent.entry"});
+    step(QStringLiteral("leave it with Escape"), [this] {
+        hand_.press(Qt::Key_Escape);
+        return hand_.await([this] { return !hand_.find(QStringLiteral("destination0")); });
+    });
+    takeDestination(" - a new folder Brindlet makes");
+    picture(QStringLiteral("destination-new"), {"intent.missing"});
+    takeDestination("Junk - already in this account");
+}
+
+void Tour::spamDestination() {
+    takeDestination(" after 30 days");
+    picture(QStringLiteral("destination-spam"), {"intent.spam"});
+    takeDestination(" - a new folder Brindlet makes");
 }
 
 void Tour::askForGmail() {
@@ -90,7 +132,8 @@ void Tour::askForGmail() {
                    !*state_.running;
         });
     });
-    picture(QStringLiteral("gmail-question"));
+    picture(QStringLiteral("gmail-question"),
+            {"gmail.ask", "gmail.cases", "gmail.promises", "gmail.answers"});
     step(QStringLiteral("allow it, with Return"), [this] {
         if (!hand_.rest()) return false;
         hand_.press(Qt::Key_Return);
@@ -99,7 +142,7 @@ void Tour::askForGmail() {
             return field && field->hasActiveFocus();
         });
     });
-    picture(QStringLiteral("gmail-app-password"));
+    picture(QStringLiteral("gmail-app-password"), {"gmail.password"});
 }
 
 void Tour::tryAppPassword(const QString& appPassword) {
@@ -122,13 +165,13 @@ void Tour::connectGmail() {
          [this] { return setGmailDelay(leisure); });
     const auto& ask = *main_.model().gmailAsk();
     tryAppPassword(QString::fromLatin1(wrong));
-    picture(QStringLiteral("gmail-checking"));
+    glimpse(QStringLiteral("gmail-checking"), {"gmail.checking"});
     step(QStringLiteral("a wrong app password is told"), [&] {
         return hand_.await([&] { return !ask.checking(); }) &&
                ask.status().startsWith(QStringLiteral("Gmail refused the sign-in: ")) &&
                *state_.askingGmail && !state_.gmail()->hasAppPassword((*state_.account)->address);
     });
-    picture(QStringLiteral("gmail-refused"));
+    picture(QStringLiteral("gmail-refused"), {"gmail.refused"});
     // The good news stands for less than a second.
     bool connected = false;
     const auto watch =
@@ -142,7 +185,7 @@ void Tour::connectGmail() {
     tryAppPassword(QString::fromStdString(appPassword()));
     step(QStringLiteral("the right one connects the account"),
          [&] { return hand_.await([&] { return connected; }); });
-    picture(QStringLiteral("gmail-connected"));
+    glimpse(QStringLiteral("gmail-connected"), {"gmail.accepted"});
     QObject::disconnect(watch);
     step(QStringLiteral("the app password is kept, and the sheet goes"), [this] {
         return hand_.await([this] { return !*state_.askingGmail; }) &&
@@ -161,13 +204,13 @@ void Tour::disconnectGmail() {
                    *state_.inReach < (*state_.folder)->count;
         });
     });
-    picture(QStringLiteral("gmail-connected-pick"));
+    picture(QStringLiteral("gmail-connected-pick"), {"gmail.connected"});
     step(QStringLiteral("open what the permission means"), [this] {
         return hand_.click(QStringLiteral("gmailDisclosure")) && hand_.await([this] {
             return hand_.find(QStringLiteral("gmailPermission")) != nullptr;
         });
     });
-    picture(QStringLiteral("gmail-permission"));
+    picture(QStringLiteral("gmail-permission"), {"gmail.open"});
     step(QStringLiteral("click Disconnect: the app password is forgotten"), [this] {
         const std::string address = (*state_.account)->address;
         return hand_.click(QStringLiteral("gmailControl")) && hand_.await([&] {
@@ -175,6 +218,25 @@ void Tour::disconnectGmail() {
         });
     });
     picture(QStringLiteral("gmail-disconnected"));
+}
+
+void Tour::declineGmail() {
+    step(QStringLiteral("click Sort it: the question comes again; decline"), [this] {
+        return hand_.click(QStringLiteral("sort")) &&
+               hand_.await([this] { return hand_.find(QStringLiteral("gmailAsk")); }) &&
+               hand_.click(QStringLiteral("declineGmail"));
+    });
+    scanGmailAgain();
+}
+
+void Tour::scanGmailAgain() {
+    step(QStringLiteral("the scan finds nothing that is new"), [this] {
+        return hand_.await([this] {
+            return !*state_.askingGmail && *state_.screen == AppState::Screen::results &&
+                   !*state_.running && hand_.find(QStringLiteral("resultsTitle")) != nullptr;
+        });
+    });
+    picture(QStringLiteral("gmail-nothing"), {"nothing.inbox"});
 }
 
 }  // namespace brindlet::demo

@@ -36,6 +36,8 @@ void Tour::move() {
     const auto ticked = movableTicks();
     step(QStringLiteral("walk to the button that moves what is ticked, and press it"), [&] {
         before = countFiles();
+        // The move before this one has just ended.
+        hand_.pause();
         if (ticked == 0 || !hand_.tabTo(QStringLiteral("move"))) return false;
         hand_.press(Qt::Key_Return);
         return *state_.moving;
@@ -45,10 +47,10 @@ void Tour::move() {
         return hand_.await([&] { return *state_.movedCount > ticked / 3 || !*state_.moving; }) &&
                hand_.find(QStringLiteral("moveStatus"));
     });
-    picture(QStringLiteral("moving"));
+    glimpse(QStringLiteral("moving"), {"move.running", "move.stop"});
     expectMoved(before, ticked);
     step(QStringLiteral("nothing is ticked any more"), [this] { return state_.approved->empty(); });
-    picture(QStringLiteral("moved"));
+    picture(QStringLiteral("moved"), {"move.done", "moved"});
 }
 
 void Tour::tickFirstMoved() {
@@ -69,7 +71,7 @@ void Tour::tickFirstMoved() {
 
 void Tour::putBack() {
     tickFirstMoved();
-    picture(QStringLiteral("to-put-back"));
+    picture(QStringLiteral("to-put-back"), {"moved.open", "moved.long", "moved.back"});
     FileCounts before;
     step(QStringLiteral("put it back, by keyboard too"), [&] {
         before = countFiles();
@@ -80,7 +82,7 @@ void Tour::putBack() {
     expectMoved(before, -1);
     step(QStringLiteral("walk to the bar, which tells it"),
          [this] { return hand_.tabTo(QStringLiteral("destinations")); });
-    picture(QStringLiteral("put-back"));
+    picture(QStringLiteral("put-back"), {"moved.returned"});
 }
 
 }  // namespace brindlet::demo

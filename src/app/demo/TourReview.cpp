@@ -47,13 +47,15 @@ void Tour::correction() {
                    (!state_.kindTask() || state_.kindTask()->finished()) && ticks() + 1 == before;
         });
     });
-    picture(QStringLiteral("offer"));
+    picture(QStringLiteral("offer"),
+            {"offer.members", "offer.these", "offer.every", "offer.always", "offer.notNow",
+             "message.stays", "category.some", "summary.learnedOne"});
     step(QStringLiteral("click the first answer: its like are unticked too"), [&] {
         return hand_.click(QStringLiteral("offer0")) && hand_.await([&] {
             return hand_.find(QStringLiteral("undo")) && ticks() + 1 < before;
         });
     });
-    picture(QStringLiteral("undo"));
+    picture(QStringLiteral("undo"), {"undo"});
     step(QStringLiteral("click Undo: they are ticked again, all but the one"), [&] {
         return hand_.click(QStringLiteral("undo")) && hand_.await([&] {
             return !hand_.find(QStringLiteral("undo")) && ticks() + 1 == before;

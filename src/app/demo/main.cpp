@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QDateTime>
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -10,75 +9,75 @@
 #include "app/QtMainQueue.h"
 #include "app/Shell.h"
 #include "app/SingleInstance.h"
+#include "app/demo/DemoMail.h"
+#include "app/demo/DemoPast.h"
 #include "app/demo/DemoWorld.h"
 #include "app/demo/Options.h"
+#include "app/demo/PassingNotice.h"
 #include "app/demo/Tour.h"
+#include "app/demo/TourGuide.h"
 #include "base/Files.h"
 #include "platform/linux/Memory.h"
 #include "platform/linux/NoUpdates.h"
 #include "sample/GmailServer.h"
 #include "sample/MailPresence.h"
-#include "sample/MailSettings.h"
-#include "sample/SampleMailStore.h"
 #include "session/AppState.h"
 
 namespace brindlet::demo {
 namespace {
-
-/// How much of the time that the simulated mail program says it takes really passes: a move of some
-/// hundred messages is to be seen, and to be stopped.
-constexpr double pace = 0.03;
-
-/// A finished sentence when the mail cannot be made; mail that is there is used as it is.
-std::string makeMail(const std::string& home, std::int64_t messages) {
-    if (files::exists(home + "/Library")) return {};
-    sample::SampleOptions options;
-    options.messages = messages;
-    options.newest = QDateTime::currentSecsSinceEpoch();
-    auto problem = sample::makeMailStore(home, options, {}).problem;
-    if (!problem.empty()) return problem;
-    auto settings = sample::readMailSettings(home).value_or(sample::MailSettings());
-    settings.behaviour.pace = pace;
-    return sample::writeMailSettings(home, settings)
-               ? ""
-               : "The mail program's settings could not be written.";
-}
 
 int fail(const std::string& sentence) {
     std::fprintf(stderr, "%s\n", sentence.c_str());
     return EXIT_FAILURE;
 }
 
+void tellPower(const DemoPower& power) {
+    std::printf("To pull the plug:    echo battery > %s\n", power.file().c_str());
+    std::printf("To plug in again:    echo plugged in > %s\n", power.file().c_str());
+    std::fflush(stdout);
+}
+
 int runDemo(const Options& options, DemoWorld& world, SingleInstance& instance) {
     if (!files::exists(world.scriptHost))
         return fail("The stand-in for the script host is missing: " + world.scriptHost +
                     ". Build osascript; it belongs beside this program.");
-    const std::string problem = makeMail(world.directories.home(), options.messages);
-    if (!problem.empty()) return fail(problem);
+    const std::string home = world.directories.home();
+    const auto mail =
+        options.withoutAccounts ? makeEmptyMail(home) : makeDemoMail(home, options.messages);
+    if (!mail.problem.empty()) return fail(mail.problem);
     // As a person has it open.
-    sample::launchMail(world.directories.home());
-    const auto gmail = sample::GmailServer::start({world.directories.home()});
+    sample::launchMail(home);
+    const auto gmail = sample::GmailServer::start({home});
     if (!gmail.server) return fail(gmail.problem);
     LocalGmail tls(gmail.server->port(), gmail.server->authority());
-    tellAppPasswords(world.directories.home());
+    tellAppPasswords(home);
+    tellPower(world.power);
     prepareToolkit();
     // The desktop knows the demo by an entry of its own.
     QGuiApplication::setDesktopFileName(QStringLiteral("brindlet-demo"));
     QtMainQueue queue;
-    const auto state =
-        AppState::make({world.clock, world.directories, queue, world.defaults, world.model,
-                        world.power, world.desktop, world.locale, world.processes,
-                        world.runningApps, world.keys, tls, world.scriptHost});
+    const Services services{world.clock,     world.directories, queue,         world.defaults,
+                            world.model,     world.power,       world.desktop, world.locale,
+                            world.processes, world.runningApps, world.keys,    tls,
+                            world.scriptHost};
+    if (mail.isNew && !options.firstTime && !options.withoutAccounts)
+        givePast(services, mail.facts);
+    const auto state = AppState::make(services);
     NoUpdates updates;
     Shell shell(*state, updates, instance);
     shell.main().model().setDark(!options.light);
     if (!shell.start({world.clock, world.directories, world.diagnostics})) return EXIT_FAILURE;
+    PassingNotice notice(*shell.main().window());
+    world.desktop.setListener(
+        [&](const std::string& sentence) { notice.show(QString::fromStdString(sentence)); });
     if (!options.size.isEmpty()) shell.main().window()->resize(options.size);
     int code = EXIT_SUCCESS;
-    if (options.tour.empty())
+    if (!options.visit)
         code = QCoreApplication::exec();
-    else if (!Tour(*state, shell.main(), world, QString::fromStdString(options.tour)).run())
+    else if (!Tour(*state, shell.main(), world, notice, QString::fromStdString(options.tour))
+                  .run(*options.visit))
         code = EXIT_FAILURE;
+    world.desktop.setListener({});
     if (*state->running) state->stopScan();
     state->drainWrites();
     instance.end();
@@ -99,11 +98,14 @@ int main(int argc, char** argv) {
         std::fputs(usage, options.help ? stdout : stderr);
         return options.help ? EXIT_SUCCESS : EXIT_FAILURE;
     }
+    if (!options.tour.empty() && !options.visit) {
+        const QCoreApplication application(argc, argv);
+        return playTour(options) ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
     std::optional<QTemporaryDir> passing;
     std::string root = options.keep;
     if (root.empty()) root = passing.emplace().path().toStdString();
-    DemoWorld world(root, options.modelServer, options.modelServerName);
-    world.power.setOnBattery(options.onBattery);
+    DemoWorld world(root, options.world);
     brindlet::SingleInstance instance(world.directories);
     if (const auto code = brindlet::giveWay(instance)) return *code;
     const QApplication application(argc, argv);

@@ -83,9 +83,9 @@ Item {
 
         Row {
             spacing: Theme.space2
-            opacity: root.marked ? 0.6 : 1
 
             Txt {
+                opacity: root.marked ? 0.6 : 1
                 anchors.verticalCenter: parent.verticalCenter
                 width: Math.min(Math.ceil(implicitWidth), words.width - marks.width - Theme.space2)
                 text: root.sender

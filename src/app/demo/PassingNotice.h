@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+class QQuickItem;
+class QQuickWindow;
+
+namespace brindlet::demo {
+
+/// A small word over the demo's window that goes by itself: what the demo does instead of what the
+/// program asked the desktop for. Stands over the program's own screens, and is none of theirs.
+/// Main thread; goes before the window.
+class PassingNotice {
+  public:
+    explicit PassingNotice(QQuickWindow& window);
+    ~PassingNotice();
+
+    /// In place of the last one, if that still stands.
+    void show(const QString& text);
+    /// At once.
+    void clear();
+
+  private:
+    std::unique_ptr<QQuickItem> item_;
+};
+
+}  // namespace brindlet::demo

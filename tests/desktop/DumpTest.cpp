@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+
 #include "desktop/Roles.h"
 #include "desktop/Visit.h"
 
@@ -55,6 +57,35 @@ TEST(DumpByBus, EveryScreenOfAFirstVisit) {
     reader.press(button, QStringLiteral("History"));
     reader.await(heading, QStringLiteral("History"));
     expectDump(reader, QStringLiteral("history"));
+}
+
+TEST(DumpByBus, TheSchedule) {
+    const Visit visit;
+    const auto& reader = visit.reader();
+    visit.start();
+    reader.press(button, QStringLiteral("Back"));
+    reader.press(button, QStringLiteral("Automatic sorting"));
+    reader.await(heading, QStringLiteral("Automatic sorting"));
+    expectDump(reader, QStringLiteral("automatic-off"));
+    reader.press(checkBox, QStringLiteral("Sort on a schedule"));
+    reader.await(button, QStringLiteral("Run now"));
+    expectDump(reader, QStringLiteral("automatic"));
+}
+
+TEST(DumpByBus, NoPermission) {
+    const Visit visit;
+    const auto mail = visit.desktop().folder() + QStringLiteral("/demo/home/Library/Mail");
+    visit.reader().await(button, QStringLiteral("Start"));
+    ASSERT_TRUE(QDir().rename(mail, mail + QStringLiteral(".away")));
+    visit.reader().press(button, QStringLiteral("Start"));
+    visit.reader().await(heading, QStringLiteral("One permission"));
+    expectDump(visit.reader(), QStringLiteral("permission"));
+}
+
+TEST(DumpByBus, NoModel) {
+    const Visit visit(400, {QStringLiteral("--without-model")});
+    visit.reader().await(heading, QStringLiteral("Not available"));
+    expectDump(visit.reader(), QStringLiteral("unsupported"));
 }
 
 TEST(DumpByBus, TheQuestionAboutGmail) {

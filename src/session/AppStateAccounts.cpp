@@ -77,15 +77,18 @@ void AppState::adoptRefreshedFolders(std::vector<MailAccount> loaded) {
     if (entry == all.end()) {
         account.set(all.front());
         folder.set(std::nullopt);
+        refreshInReach();
         return;
     }
     account.set(*entry);
     if (!oldFolder) return;
     if (const auto* match = folderAsBefore(*entry, *oldFolder)) {
         folder.set(*match);
+        if (*match != *oldFolder) refreshInReach();
         return;
     }
     folder.set(std::nullopt);
+    refreshInReach();
     folderVanished.set(oldFolder->name);
 }
 

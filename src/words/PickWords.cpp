@@ -90,7 +90,8 @@ PickMenu limitMenu(const std::vector<std::int64_t>& limits, std::int64_t stored,
 }
 
 std::string countLine(const AppState& state) {
-    if (!*state.inReach) return {};
+    // A count that is on its way may come after its folder has gone.
+    if (!*state.folder || !*state.inReach) return {};
     const bool leavesOut = state.seen.skipSeen() && state.decidedInFolder() > 0;
     return state.services().locale.grouped(**state.inReach) +
            (leavesOut ? " new to sort" : " to sort");

@@ -209,11 +209,13 @@ TEST_F(AppStateTest, RefreshKeepsTheFolderByItsId) {
     open();
     load();
     state->selectFolder((*state->account)->folders.front());
+    ASSERT_TRUE(world.mainQueue.pumpUntil([this] { return *state->inReach == 1; }));
     add("a@b.example", "y");
     refresh();
     ASSERT_TRUE(state->folder->has_value());
     EXPECT_EQ((*state->folder)->count, 2);
     EXPECT_EQ(state->folderVanished.get(), std::nullopt);
+    EXPECT_TRUE(world.mainQueue.pumpUntil([this] { return *state->inReach == 2; }));
 }
 
 TEST_F(AppStateTest, RefreshFindsAFolderThatMovedToAnotherParent) {
@@ -238,8 +240,10 @@ TEST_F(AppStateTest, RefreshThatFindsNothingNamesWhatVanished) {
     old.id = 4711;
     old.name = "Projects/Garden";
     state->folder.set(old);
+    state->inReach.set(8);
     refresh();
     EXPECT_EQ(state->folder.get(), std::nullopt);
+    EXPECT_EQ(state->inReach.get(), std::nullopt);
     EXPECT_EQ(state->folderVanished.get(), "Projects/Garden");
     state->dismissVanished();
     EXPECT_EQ(state->folderVanished.get(), std::nullopt);
@@ -250,9 +254,11 @@ TEST_F(AppStateTest, RefreshWhoseAccountIsGoneTakesTheFirst) {
     load();
     state->account.set(named("gone", "gone@x.example"));
     state->folder.set(inbox());
+    state->inReach.set(8);
     refresh();
     EXPECT_EQ((*state->account)->id, doubles::MailHome::account);
     EXPECT_EQ(state->folder.get(), std::nullopt);
+    EXPECT_EQ(state->inReach.get(), std::nullopt);
     EXPECT_EQ(state->folderVanished.get(), std::nullopt);
 }
 

@@ -5,16 +5,20 @@
 #include <memory>
 
 class QQuickItem;
-class QQuickWindow;
+
+namespace brindlet {
+class MainWindow;
+}
 
 namespace brindlet::demo {
 
 /// A small word over the demo's window that goes by itself: what the demo does instead of what the
 /// program asked the desktop for. Stands over the program's own screens, and is none of theirs.
-/// Main thread; goes before the window.
+/// Without a window it says nothing. Main thread; goes before the window's keeper, which has shown
+/// it once.
 class PassingNotice {
   public:
-    explicit PassingNotice(QQuickWindow& window);
+    explicit PassingNotice(MainWindow& main);
     ~PassingNotice();
 
     /// In place of the last one, if that still stands.
@@ -23,6 +27,7 @@ class PassingNotice {
     void clear();
 
   private:
+    MainWindow& main_;
     std::unique_ptr<QQuickItem> item_;
 };
 

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "app/Appearance.h"
 #include "app/Application.h"
 #include "app/QtMainQueue.h"
 #include "app/Shell.h"
@@ -64,10 +65,18 @@ int runDemo(const Options& options, DemoWorld& world, SingleInstance& instance) 
         givePast(services, mail.facts);
     const auto state = AppState::make(services);
     NoUpdates updates;
+    // As the desktop wishes, but where the look is asked for; pictures are taken of what stands
+    // still.
+    std::optional<Appearance> appearance;
     Shell shell(*state, updates, instance);
-    shell.main().model().setDark(!options.light);
+    if (options.visit || options.light) {
+        shell.main().model().setDark(!options.light);
+        shell.main().model().setStill(options.visit.has_value());
+    } else {
+        shell.main().follow(appearance.emplace());
+    }
     if (!shell.start({world.clock, world.directories, world.diagnostics})) return EXIT_FAILURE;
-    PassingNotice notice(*shell.main().window());
+    PassingNotice notice(shell.main());
     world.desktop.setListener(
         [&](const std::string& sentence) { notice.show(QString::fromStdString(sentence)); });
     if (!options.size.isEmpty()) shell.main().window()->resize(options.size);

@@ -20,8 +20,8 @@ QString read(const QString& path) {
 }
 
 /// The words in quotes in the screens, their words and the window around them: all of them, and
-/// those that can only be names of symbols, since they have a dot (and name nothing on a bus or
-/// among the defaults) or stand on a line that speaks of symbols.
+/// those that can only be names of symbols, since they have a dot (and are no name on a bus) or stand
+/// on a line that speaks of symbols. Not the demo's: what it names with a dot are sights.
 struct Quoted {
     std::set<std::string> all;
     std::set<std::string> symbols;

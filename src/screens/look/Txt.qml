@@ -26,6 +26,8 @@ Text {
     }
 
     Accessible.role: Accessible.StaticText
+    // Said outright: of a heading the toolkit would make what the order of its bindings happens to be.
+    Accessible.focusable: false
     Accessible.name: root.text
     Accessible.ignored: root.text === ""
 }

@@ -26,7 +26,7 @@ Text {
     }
 
     Accessible.role: Accessible.StaticText
-    // Said outright: of a heading the toolkit would make what the order of its bindings happens to be.
+    // Said outright: for a heading the toolkit goes by the order in which it meets the bindings.
     Accessible.focusable: false
     Accessible.name: root.text
     Accessible.ignored: root.text === ""

@@ -74,8 +74,8 @@ class AppState : public Observable, public std::enable_shared_from_this<AppState
         friend bool operator==(const PastMove&, const PastMove&) = default;
     };
 
-    /// Loads the stores before it returns, but for what was read ahead. The adapters outlive the
-    /// session and its tasks.
+    /// Loads the stores before it returns, but for the seen list that is read ahead, if it is. The
+    /// adapters, and `ahead`, outlive the session and its tasks.
     static std::shared_ptr<AppState> make(Services services, int readers = 8,
                                           SeenAhead* ahead = nullptr);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <functional>
 #include <utility>
 
 #include "base/Files.h"
@@ -17,6 +18,40 @@ namespace brindlet {
 namespace {
 
 constexpr std::string_view skipSeenKey = "skipSeen";
+
+/// `table` gives the entries as they stand, `changing` the same to be changed.
+void bringUpToDate(const std::function<const SeenTable&()>& table,
+                   const std::function<SeenTable&()>& changing, const History& history, Date now) {
+    const auto change = [&](std::string_view id, bool junk, Date when, const ScanRecord& record,
+                            const std::string& folder) {
+        SeenTable& entries = changing();
+        entries.set(id, junk, when, entries.place(record.account, folder));
+    };
+    const auto folderOf = [&](const auto& row) { return table().places()[row.place].folder; };
+
+    // The newest scan that knows a message settles where it was decided.
+    for (const ScanRecord& record : *history.records) {
+        if (!table().anyLacksFolder()) break;
+        const auto scan = history.readScan(record.started);
+        if (!scan) continue;
+        for (const auto& message : *scan) {
+            const auto* row = table().find(message.messageID.value_or(""));
+            if (row && !folderOf(*row))
+                change(*message.messageID, row->junk, row->when, record, record.folder);
+        }
+    }
+    // Here the oldest has the last word: of two records that moved one message it overrules the
+    // newer, at every start again.
+    for (const ScanRecord& record : *history.records) {
+        if (!record.movedTo) continue;
+        for (const auto& item : record.moved) {
+            if (item.messageID.empty()) continue;
+            const auto* row = table().find(item.messageID);
+            if (row && row->junk && folderOf(*row) == record.movedTo) continue;
+            change(item.messageID, true, row ? row->when : now, record, *record.movedTo);
+        }
+    }
+}
 
 }  // namespace
 
@@ -54,19 +89,18 @@ std::size_t Seen::Keys::junkSize() const {
 Seen::Seen(Services services, SeenAhead* ahead)
     : services_(services),
       path_(storeFile(services, "seen.json")),
+      ahead_(ahead),
       skipSeen_(*this, services.defaults.boolean(skipSeenKey).value_or(true)) {
+    if (ahead) return;
     std::shared_ptr<SeenTable> table;
-    if (ahead)
-        table = ahead->take();
-    else if (auto text = files::read(path_))
-        table = decodedSeen(*std::move(text));
+    if (auto text = files::read(path_)) table = decodedSeen(*std::move(text));
     shared_ = std::make_shared<Shared>(table ? table : std::make_shared<SeenTable>());
 }
 
 Seen::~Seen() = default;
 
 std::optional<Seen::Entry> Seen::find(std::string_view messageID) const {
-    const SeenTable& table = *shared_->table;
+    const SeenTable& table = *shared()->table;
     const auto* row = table.find(messageID);
     if (!row) return std::nullopt;
     const auto& place = table.places()[row->place];
@@ -74,11 +108,11 @@ std::optional<Seen::Entry> Seen::find(std::string_view messageID) const {
 }
 
 std::size_t Seen::size() const {
-    return shared_->table->rows().size();
+    return shared()->table->rows().size();
 }
 
 std::vector<std::pair<std::string, Seen::Entry>> Seen::entries() const {
-    const SeenTable& table = *shared_->table;
+    const SeenTable& table = *shared()->table;
     std::vector<std::pair<std::string, Entry>> entries;
     entries.reserve(table.rows().size());
     for (const auto& row : table.rows()) {
@@ -93,11 +127,28 @@ void Seen::setSkipSeen(bool skip) {
     services_.defaults.setBoolean(skipSeenKey, skip);
 }
 
+const std::shared_ptr<Seen::Shared>& Seen::shared() const {
+    if (!ahead_) return shared_;
+    auto table = std::exchange(ahead_, nullptr)->take();
+    if (!table) table = std::make_shared<SeenTable>();
+    bool changed = false;
+    if (history_)
+        bringUpToDate([&]() -> const SeenTable& { return *table; },
+                      [&]() -> SeenTable& {
+                          changed = true;
+                          return *table;
+                      },
+                      *history_, services_.clock.now());
+    shared_ = std::make_shared<Shared>(std::move(table));
+    if (changed) save();
+    return shared_;
+}
+
 /// The table, of which no snapshot reads any more. Call it anew for every change.
 SeenTable& Seen::writable() {
-    if (shared_->readers.load(std::memory_order_acquire) > 0)
-        shared_ = std::make_shared<Shared>(std::make_shared<SeenTable>(*shared_->table));
-    return *shared_->table;
+    if (shared()->readers.load(std::memory_order_acquire) > 0)
+        shared_ = std::make_shared<Shared>(std::make_shared<SeenTable>(*shared()->table));
+    return *shared()->table;
 }
 
 void Seen::mark(const std::vector<std::pair<std::string, bool>>& items,
@@ -127,76 +178,53 @@ void Seen::mark(const std::vector<std::string>& ids, bool junk,
 
 std::int64_t Seen::junkCount(const std::string& account, const std::string& folder) const {
     if (account.empty() || folder.empty()) return 0;
-    const auto* place = shared_->table->findPlace(account, folder);
+    const auto* place = shared()->table->findPlace(account, folder);
     return place ? place->junk : 0;
 }
 
 std::int64_t Seen::count(const std::string& account, const std::string& folder) const {
     if (account.empty() || folder.empty()) return 0;
-    const auto* place = shared_->table->findPlace(account, folder);
+    const auto* place = shared()->table->findPlace(account, folder);
     return place ? place->entries : 0;
 }
 
 std::int64_t Seen::count(const std::string& account) const {
     if (account.empty()) return 0;
     std::int64_t entries = 0;
-    for (const auto& place : shared_->table->places())
+    for (const auto& place : shared()->table->places())
         if (place.account == account && place.folder) entries += place.entries;
     return entries;
 }
 
 void Seen::clear() {
     willChange();
+    ahead_ = nullptr;
     shared_ = std::make_shared<Shared>(std::make_shared<SeenTable>());
     ++revision_;
     save();
 }
 
 void Seen::attribute(const History& history) {
-    const Date now = services_.clock.now();
+    history_ = &history;
+    if (ahead_) return;
     bool changed = false;
-    const auto change = [&](std::string_view id, bool junk, Date when, const ScanRecord& record,
-                            const std::string& folder) {
-        if (!changed) willChange();
-        changed = true;
-        SeenTable& table = writable();
-        table.set(id, junk, when, table.place(record.account, folder));
+    const auto changing = [&]() -> SeenTable& {
+        if (!std::exchange(changed, true)) willChange();
+        return writable();
     };
-
-    // The newest scan that knows a message settles where it was decided.
-    for (const ScanRecord& record : *history.records) {
-        if (!shared_->table->anyLacksFolder()) break;
-        const auto scan = history.readScan(record.started);
-        if (!scan) continue;
-        for (const auto& message : *scan) {
-            const auto* row = shared_->table->find(message.messageID.value_or(""));
-            if (row && !shared_->table->places()[row->place].folder)
-                change(*message.messageID, row->junk, row->when, record, record.folder);
-        }
-    }
-    // Here the oldest has the last word: of two records that moved one message it overrules the
-    // newer, at every start again.
-    for (const ScanRecord& record : *history.records) {
-        if (!record.movedTo) continue;
-        for (const auto& item : record.moved) {
-            if (item.messageID.empty()) continue;
-            const auto* row = shared_->table->find(item.messageID);
-            if (row && row->junk && shared_->table->places()[row->place].folder == record.movedTo)
-                continue;
-            change(item.messageID, true, row ? row->when : now, record, *record.movedTo);
-        }
-    }
+    bringUpToDate([this]() -> const SeenTable& { return *shared_->table; }, changing, history,
+                  services_.clock.now());
     if (!changed) return;
     ++revision_;
     save();
 }
 
 std::shared_ptr<const Seen::Keys> Seen::keys() const {
-    return std::shared_ptr<const Keys>(new Keys(shared_));
+    return std::shared_ptr<const Keys>(new Keys(shared()));
 }
 
 void Seen::save() const {
-    writeSeen(*shared_->table, path_);
+    writeSeen(*shared()->table, path_);
 }
 
 }  // namespace brindlet

@@ -36,8 +36,8 @@ class Seen : public Observable {
     };
     class Keys;
 
-    /// Loads the file, or takes what was read of it ahead; whatever is wrong with it leaves the
-    /// list empty.
+    /// Loads the file; whatever is wrong with it leaves the list empty. What is being read of it
+    /// ahead is taken when the list is first needed, so `ahead` lives as long.
     explicit Seen(Services services, SeenAhead* ahead = nullptr);
     ~Seen();
 
@@ -69,7 +69,8 @@ class Seen : public Observable {
 
     /// Brings old entries up to date with the history: the account and folder of those that have no
     /// folder, from the scans' files; and everything that was moved as junk in its destination.
-    /// Once a start, after both have loaded. Saves only what changed.
+    /// Once a start, after both have loaded; for a list that is read ahead it happens as soon as that
+    /// is taken, so that nobody meets it as it was. Saves only what changed.
     void attribute(const History& history);
 
     /// The entries as they stand now, for a scan. Costs nothing until the list changes while the
@@ -78,11 +79,17 @@ class Seen : public Observable {
 
   private:
     struct Shared;
+    const std::shared_ptr<Shared>& shared() const;
     SeenTable& writable();
     void save() const;
     Services services_;
     std::string path_;
-    std::shared_ptr<Shared> shared_;
+    /// Null once it has been taken.
+    mutable SeenAhead* ahead_;
+    /// What the list is to be brought up to date with when it is taken.
+    const History* history_ = nullptr;
+    /// None before it is.
+    mutable std::shared_ptr<Shared> shared_;
     std::uint64_t revision_ = 0;
     Published<bool> skipSeen_{*this};
 };

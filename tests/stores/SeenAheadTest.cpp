@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "stores/History.h"
 #include "stores/Seen.h"
 #include "stores/StoreWorld.h"
 
@@ -28,6 +29,27 @@ TEST(SeenAhead, WithoutAFileOrWithADamagedOneTheListIsEmptyAndCanBeFilled) {
         seen.mark({{"c", true}}, "Home", "INBOX");
         EXPECT_TRUE(seen.find("c"));
     }
+}
+
+TEST(SeenAhead, IsBroughtUpToDateBeforeAnybodyMeetsIt) {
+    StoreWorld world;
+    Seen(world.services()).mark({{"a", true}}, std::nullopt, std::nullopt);
+    ScanRecord record;
+    record.started = world.clock.now();
+    record.account = "Home";
+    record.folder = "INBOX";
+    record.movedTo = "Junk";
+    record.moved = {{"a", "", ""}};
+    History history(world.services());
+    history.records.set({record});
+
+    SeenAhead ahead(world.directories);
+    Seen seen(world.services(), &ahead);
+    const Signals signals(seen);
+    seen.attribute(history);
+    EXPECT_EQ(seen.junkCount("Home", "Junk"), 1);
+    EXPECT_EQ(signals.count(), 0) << "it was never anything else";
+    EXPECT_EQ(Seen(world.services()).junkCount("Home", "Junk"), 1) << "saved";
 }
 
 }  // namespace

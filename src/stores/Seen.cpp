@@ -27,7 +27,9 @@ void bringUpToDate(const std::function<const SeenTable&()>& table,
         SeenTable& entries = changing();
         entries.set(id, junk, when, entries.place(record.account, folder));
     };
-    const auto folderOf = [&](const auto& row) { return table().places()[row.place].folder; };
+    const auto folderOf = [&](const auto& row) -> const std::optional<std::string>& {
+        return table().places()[row.place].folder;
+    };
 
     // The newest scan that knows a message settles where it was decided.
     for (const ScanRecord& record : *history.records) {
@@ -205,8 +207,10 @@ void Seen::clear() {
 }
 
 void Seen::attribute(const History& history) {
-    history_ = &history;
-    if (ahead_) return;
+    if (ahead_) {
+        history_ = &history;
+        return;
+    }
     bool changed = false;
     const auto changing = [&]() -> SeenTable& {
         if (!std::exchange(changed, true)) willChange();

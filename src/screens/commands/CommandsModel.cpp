@@ -14,7 +14,8 @@ CommandsModel::CommandsModel(Updater& updater)
 }
 
 void CommandsModel::refresh() {
-    if (std::exchange(canCheck_, *updater_.canCheck) != canCheck_) Q_EMIT canCheckChanged();
+    const bool can = *updater_.canCheck;
+    if (std::exchange(canCheck_, can) != can) Q_EMIT canCheckChanged();
 }
 
 QString CommandsModel::menuName() const {
